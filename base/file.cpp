@@ -1,0 +1,169 @@
+#include "base/file.h"
+
+#include <limits>
+#include <system_error>
+#include <utility>
+
+#include "base/utf8.h"
+
+namespace pixora {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::FILE* Open(const fs::path& path, bool write) {
+#ifdef _WIN32
+    std::FILE* file = _wfopen(path.c_str(), write ? L"wb" : L"rb");
+#else
+    std::FILE* file = std::fopen(path.c_str(), write ? "wb" : "rb");
+#endif
+    if (file) std::setvbuf(file, nullptr, _IONBF, 0);
+    return file;
+}
+
+bool IsFolder(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+bool SeekTo(std::FILE* file, std::int64_t offset, int origin) {
+#ifdef _WIN32
+    return _fseeki64(file, offset, origin) == 0;
+#else
+    return fseeko(file, static_cast<off_t>(offset), origin) == 0;
+#endif
+}
+
+std::int64_t Tell(std::FILE* file) {
+#ifdef _WIN32
+    return _ftelli64(file);
+#else
+    return ftello(file);
+#endif
+}
+
+// An existing file without write permission must stay as it is, although renaming over it would often work.
+bool IsWriteProtected(const fs::path& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (error || !fs::exists(status)) return false;
+    return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
+// A name beside `target` that no file bears, so that nothing of the user's is overwritten on the way.
+fs::path FreeTemporaryName(const fs::path& target) {
+    std::error_code ignored;
+    for (int number = 0;; ++number) {
+        fs::path name = target;
+        name += ".tmp" + std::to_string(number);
+        if (!fs::exists(name, ignored)) return name;
+    }
+}
+
+}  // namespace
+
+std::optional<File> File::OpenForReading(const fs::path& path) {
+    if (IsFolder(path)) return std::nullopt;  // fopen opens a folder on some systems, and reads nothing
+    std::FILE* file = Open(path, false);
+    if (!file) return std::nullopt;
+    return File(file);
+}
+
+std::optional<File> File::Create(const fs::path& path) {
+    std::FILE* file = Open(path, true);
+    if (!file) return std::nullopt;
+    return File(file);
+}
+
+std::uint64_t File::Size() const {
+    const std::int64_t position = Tell(file_.get());
+    if (position < 0 || !SeekTo(file_.get(), 0, SEEK_END)) return 0;
+    const std::int64_t size = Tell(file_.get());
+    if (!SeekTo(file_.get(), position, SEEK_SET)) return 0;
+    return size > 0 ? static_cast<std::uint64_t>(size) : 0;
+}
+
+bool File::Seek(std::uint64_t offset) {
+    if (offset > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) return false;
+    return SeekTo(file_.get(), static_cast<std::int64_t>(offset), SEEK_SET);
+}
+
+std::size_t File::Read(std::span<std::byte> target) {
+    return target.empty() ? 0 : std::fread(target.data(), 1, target.size(), file_.get());
+}
+
+bool File::ReadExactly(std::uint64_t offset, std::span<std::byte> target) {
+    return Seek(offset) && Read(target) == target.size();
+}
+
+bool File::Write(std::span<const std::byte> source) {
+    return source.empty() || std::fwrite(source.data(), 1, source.size(), file_.get()) == source.size();
+}
+
+bool File::Close() {
+    std::FILE* file = file_.release();
+    return file && std::fclose(file) == 0;
+}
+
+AtomicFile::AtomicFile(fs::path target, fs::path temporary, File file)
+    : target_(std::move(target)), temporary_(std::move(temporary)), file_(std::move(file)) {}
+
+AtomicFile::AtomicFile(AtomicFile&& other) noexcept
+    : target_(std::move(other.target_)),
+      temporary_(std::exchange(other.temporary_, fs::path())),
+      file_(std::move(other.file_)) {}
+
+AtomicFile::~AtomicFile() {
+    if (temporary_.empty()) return;
+    static_cast<void>(file_.Close());
+    DeleteQuietly(temporary_);
+}
+
+std::optional<AtomicFile> AtomicFile::Create(const fs::path& target) {
+    if (IsFolder(target) || IsWriteProtected(target)) return std::nullopt;
+    fs::path temporary = FreeTemporaryName(target);
+    std::optional<File> file = File::Create(temporary);
+    if (!file) return std::nullopt;
+    return AtomicFile(target, std::move(temporary), *std::move(file));
+}
+
+bool AtomicFile::Commit() {
+    if (!file_.Close()) return false;
+    std::error_code error;
+    fs::rename(temporary_, target_, error);
+    if (error) return false;
+    temporary_.clear();
+    return true;
+}
+
+std::optional<std::string> ReadWholeFile(const fs::path& path, std::uint64_t limit) {
+    std::optional<File> file = File::OpenForReading(path);
+    if (!file) return std::nullopt;
+    const std::uint64_t size = file->Size();
+    if (size > limit) return std::nullopt;
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    if (file->Read(std::as_writable_bytes(std::span(bytes))) != bytes.size()) return std::nullopt;
+    return bytes;
+}
+
+bool WriteWholeFile(const fs::path& path, std::string_view bytes) {
+    std::optional<AtomicFile> file = AtomicFile::Create(path);
+    return file && file->Write(std::as_bytes(std::span(bytes))) && file->Commit();
+}
+
+void DeleteQuietly(const fs::path& path) {
+    std::error_code ignored;
+    if (IsFolder(path)) return;
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
+    fs::remove(path, ignored);
+}
+
+std::wstring WideText(const fs::path& path) {
+#ifdef _WIN32
+    return path.native();
+#else
+    return WideFromUtf8(path.native());
+#endif
+}
+
+}  // namespace pixora

@@ -1,0 +1,79 @@
+// Files as byte streams, read and written in large blocks.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pixora {
+
+/// How much is read or written at a time: large enough that the calls cost nothing, small enough to stay in
+/// the processor's cache between reading, converting and writing.
+inline constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
+
+/// An open binary file; closed with its owner. Not buffered: callers pass whole blocks.
+class File {
+public:
+    /// @return nothing when the file cannot be opened, or names a folder.
+    [[nodiscard]] static std::optional<File> OpenForReading(const std::filesystem::path& path);
+    /// Creates or empties the file. @return nothing when that fails.
+    [[nodiscard]] static std::optional<File> Create(const std::filesystem::path& path);
+
+    /// Length in bytes, 0 when it cannot be told. The position is left where it was.
+    [[nodiscard]] std::uint64_t Size() const;
+    /// Moves to `offset` bytes from the start; beyond the end is allowed. @return false when it failed.
+    [[nodiscard]] bool Seek(std::uint64_t offset);
+    /// Reads from the current position. @return the bytes read, fewer than asked only at the end or on error.
+    [[nodiscard]] std::size_t Read(std::span<std::byte> target);
+    /// Reads exactly `target.size()` bytes from `offset`. @return false when the file does not hold them.
+    [[nodiscard]] bool ReadExactly(std::uint64_t offset, std::span<std::byte> target);
+    /// Writes all of `source`. @return false when any of it could not be written.
+    [[nodiscard]] bool Write(std::span<const std::byte> source);
+    /// Closes; the file must not be used afterwards. @return false when data was lost.
+    [[nodiscard]] bool Close();
+
+private:
+    struct Closer {
+        void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+    };
+    explicit File(std::FILE* file) : file_(file) {}
+    std::unique_ptr<std::FILE, Closer> file_;
+};
+
+/// A file that appears under its name only when it is complete: written to a temporary name in the same
+/// folder and renamed over the target by Commit(); removed again by the destructor otherwise.
+class AtomicFile {
+public:
+    /// @return nothing when the target is write-protected or is a folder, or the temporary file cannot be made.
+    [[nodiscard]] static std::optional<AtomicFile> Create(const std::filesystem::path& target);
+    AtomicFile(AtomicFile&& other) noexcept;
+    AtomicFile& operator=(AtomicFile&&) = delete;
+    ~AtomicFile();
+
+    [[nodiscard]] bool Write(std::span<const std::byte> source) { return file_.Write(source); }
+    /// Closes and puts the file under its name. @return false when that failed; the target is then unchanged.
+    [[nodiscard]] bool Commit();
+
+private:
+    AtomicFile(std::filesystem::path target, std::filesystem::path temporary, File file);
+    std::filesystem::path target_, temporary_;
+    File file_;
+};
+
+/// The whole file, or nothing when it cannot be opened, read or is longer than `limit` bytes.
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::filesystem::path& path, std::uint64_t limit);
+/// Replaces the file by `bytes`, whole or not at all.
+[[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view bytes);
+/// Deletes the file if it exists, write-protected or not; never fails loudly.
+void DeleteQuietly(const std::filesystem::path& path);
+
+/// The text of `path` as a user reads it.
+[[nodiscard]] std::wstring WideText(const std::filesystem::path& path);
+
+}  // namespace pixora

@@ -1,0 +1,17 @@
+// The texts of one message window, composed before any window exists.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pixora {
+
+/// What an error box or notice shows: the caption text after the product's name, and three lines in the order
+/// in which the caller passes them. An empty line is left out.
+struct Message {
+    std::wstring caption;
+    std::wstring line1, line2, line3;
+    friend bool operator==(const Message&, const Message&) = default;
+};
+
+}  // namespace pixora

@@ -1,0 +1,34 @@
+// The display ratio of a viewer: its texts and its limit.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "dialogs/message.h"
+
+namespace pixora {
+
+/// A width and a height in pixels.
+struct PixelSize {
+    std::int32_t width = 0, height = 0;
+    friend bool operator==(const PixelSize&, const PixelSize&) = default;
+};
+
+/// The ratio that a viewer starts with when the stored display size is not a ratio.
+inline constexpr std::wstring_view kFallbackRatio = L"0.500";
+
+/// Size of `image` shown at `ratio`: each side times the ratio, truncated.
+[[nodiscard]] PixelSize DisplayedSize(PixelSize image, double ratio);
+
+/// A ratio text as a percentage without sign: L"0.05" gives L"5", L"1.50" L"150", L"0.123" L"12.3". A text that
+/// is no ratio gives L"0".
+[[nodiscard]] std::wstring PercentText(std::wstring_view ratio_text);
+
+/// Checks that an image can be shown at the size that `ratio_text` says: both displayed sides must be at most
+/// 22,000 pixels.
+/// @return nothing when it can be shown, else the message with the largest percentage that is allowed.
+[[nodiscard]] std::optional<Message> CheckDisplayLimit(PixelSize image, std::wstring_view ratio_text);
+
+}  // namespace pixora
