@@ -1,0 +1,44 @@
+// The viewer: the window that shows one imported image.
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "base/flags.h"
+#include "image/image_buffer.h"
+#include "platform/dialog.h"
+#include "settings/settings.h"
+
+namespace pixora {
+
+struct ViewerState;
+
+/// What a viewer gets from the main window besides its image. The pointers stay valid as long as any viewer.
+struct ViewerContext {
+    SharedFlags* flags = nullptr;
+    Settings* settings = nullptr;
+    std::filesystem::path settings_path;
+    POINT position{};  ///< where the window's top-left corner goes, in screen coordinates
+};
+
+/// One viewer. It raises the count of open viewers and its slot's viewer-open flag while its window exists, and
+/// deletes the image's temporary copies when it closes.
+class CDisplay : public Dialog {
+public:
+    CDisplay(ImageBuffer image, ViewerContext context);
+    ~CDisplay() override;
+
+    /// Reads the samples and creates the window, hidden until its second tick.
+    /// @return false when either failed; there is then no window, and the temporary copies are left alone.
+    [[nodiscard]] bool Open();
+    /// True once an opened window has been destroyed; the object may then be freed.
+    [[nodiscard]] bool Gone() const noexcept { return gone_; }
+
+private:
+    std::shared_ptr<ViewerState> state_;
+    bool gone_ = false;
+};
+
+}  // namespace pixora
