@@ -15,6 +15,7 @@ enum class SettingsLoadResult {
     complete = 0,    ///< every key was found with a value
     no_file = 1,     ///< the path is missing or names a folder; the record is untouched
     incomplete = 2,  ///< a key is missing or empty; the record is as it was before the call
+    unusable = 3,    ///< the fault handler was called; the record is as it was before the call
 };
 
 /// The user's folders that the default settings point to; an unknown one is empty.
@@ -22,9 +23,9 @@ struct UserFolders {
     std::wstring documents, pictures;
 };
 
-/// Called once when the settings file cannot be used at all: a path over 259 characters, a value of 1,024
-/// characters or more, or a text that would reach 16,384 characters. The file is untouched; the operation that
-/// found it fails.
+/// Called when the settings file cannot be used at all: a path over 259 characters, a value of 1,024 characters
+/// or more, or a text that would reach 16,384 characters. The file is untouched; the operation that found it
+/// fails. It is called for the first such fault only, because the program ends after it.
 using SettingsFaultHandler = std::function<void(const std::filesystem::path&)>;
 void SetSettingsFaultHandler(SettingsFaultHandler handler);
 
