@@ -264,7 +264,7 @@ SAMPLES = {
     "bmp24-top-down.bmp": ((162, 122), "BMP 24 TOP DOWN", write_bmp, {"bits": 24, "top_down": True}),
     "bmp32-colour.bmp": ((240, 180), "BMP 32 COLOUR", write_bmp, {"bits": 32}),
     "tiff8-mono.tif": ((320, 240), "TIFF 8 MONO", write_tiff, {"bits": 8}),
-    "tiff8-rgb.tif": ((240, 180), "TIFF 8 RGB", write_tiff, {"bits": 8, "rgb": True}),
+    "tiff8-rgb.tif": ((480, 360), "TIFF 8 RGB", write_tiff, {"bits": 8, "rgb": True}),
     "tiff8-rgb-big-endian.tif": (
         (240, 180), "TIFF 8 RGB BIG ENDIAN", write_tiff, {"bits": 8, "rgb": True, "order": ">"}),
     "tiff12-mono.tif": ((320, 240), "TIFF 12 MONO", write_tiff, {"bits": 12}),
@@ -273,8 +273,8 @@ SAMPLES = {
     "tiff16-mono-upper10.tif": ((320, 240), "TIFF 16 MONO UPPER 10", write_tiff, {"bits": 16, "valid": 10}),
     "tiff16-mono-upper12.tif": ((320, 240), "TIFF 16 MONO UPPER 12", write_tiff, {"bits": 16, "valid": 12}),
     "tiff16-mono-upper14.tif": ((200, 150), "TIFF 16 MONO UPPER 14", write_tiff, {"bits": 16, "valid": 14}),
-    "tiff16-mono-big-endian.tif": ((320, 240), "TIFF 16 MONO BIG ENDIAN", write_tiff, {"bits": 16, "order": ">"}),
-    "tiff16-rgb.tif": ((240, 180), "TIFF 16 RGB", write_tiff, {"bits": 16, "rgb": True}),
+    "tiff16-mono-big-endian.tif": ((200, 150), "TIFF 16 MONO BIG ENDIAN", write_tiff, {"bits": 16, "order": ">"}),
+    "tiff16-rgb.tif": ((200, 150), "TIFF 16 RGB", write_tiff, {"bits": 16, "rgb": True}),
     "tiff16-rgb-upper12.tif": ((320, 240), "TIFF 16 RGB UPPER 12", write_tiff, {"bits": 16, "rgb": True, "valid": 12}),
 }  # fmt: skip
 
