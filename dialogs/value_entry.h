@@ -17,9 +17,9 @@ using DisplaySizeLimit = std::function<std::optional<Message>(std::wstring_view 
 
 /// What a press of Return or OK leads to.
 struct ValueEntryResult {
-    bool close = false;                      ///< the dialog ends with result 1
-    std::optional<std::wstring> ratio_text;  ///< the new ratio to store, set only together with `close`
-    DisplaySizeCheck refusal;                ///< what to show, after the field got EntryText back
+    bool close = false;                        ///< the dialog ends with result 1
+    std::optional<std::wstring> ratio_text{};  ///< the new ratio to store, set only together with `close`
+    DisplaySizeCheck refusal{};                ///< what to show, after the field got EntryText back
 };
 
 /// The text of the entry field and the last one that was valid.

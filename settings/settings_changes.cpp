@@ -1,0 +1,75 @@
+#include "settings/settings_changes.h"
+
+#include <system_error>
+
+#include "base/number_text.h"
+
+namespace pixora {
+
+namespace fs = std::filesystem;
+
+DataPaths DataPathsIn(const fs::path& application_data) {
+    const fs::path folder = application_data / "Zelka" / "Pixora";
+    return {folder, folder / "Pixora.ini"};
+}
+
+bool CreateDataFolder(const DataPaths& paths) {
+    std::error_code error;
+    fs::create_directories(paths.folder, error);
+    return fs::is_directory(paths.folder, error);
+}
+
+StartedSettings StartSettings(const fs::path& path, const UserFolders& folders) {
+    StartedSettings started;
+    SettingsLoadResult result = LoadSettings(path, started.settings);
+    if (result == SettingsLoadResult::complete) {
+        started.settings.SettingsStatus = L"TRUE";
+        return started;
+    }
+    if (result != SettingsLoadResult::unusable) {
+        WriteDefaultSettingsFile(path, folders);
+        started.created_default = true;
+        result = LoadSettings(path, started.settings);
+    }
+    started.unusable = result == SettingsLoadResult::unusable;
+    if (result != SettingsLoadResult::complete) started.settings = DefaultSettings(folders);
+    return started;
+}
+
+void RestoreDefaultSettings(const fs::path& path, const UserFolders& folders, Settings& settings) {
+    WriteDefaultSettingsFile(path, folders);
+    const SettingsLoadResult result = LoadSettings(path, settings);
+    if (result == SettingsLoadResult::complete || result == SettingsLoadResult::unusable) return;
+    const std::wstring status = settings.SettingsStatus;
+    settings = DefaultSettings(folders);
+    settings.SettingsStatus = status;
+}
+
+bool StoreListedDisplaySize(const fs::path& path, Settings& settings, std::wstring_view ratio_text) {
+    settings.IMG_SIZE = ratio_text;
+    // Starts as a copy, so that a file that cannot be read is not overwritten with empty values.
+    Settings fresh = settings;
+    if (LoadSettings(path, fresh) == SettingsLoadResult::unusable) return false;
+    fresh.IMG_SIZE = ratio_text;
+    return SaveSettings(path, fresh);
+}
+
+bool StoreTypedDisplaySize(const fs::path& path, Settings& settings, std::wstring_view ratio_text) {
+    settings.IMG_SIZE = ratio_text;
+    return PutSettingValue(path, L"IMG_SIZE=", ratio_text);
+}
+
+bool StoreOpenFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
+    settings.PATH_OPEN = folder;
+    return PutSettingValue(path, L"PATH_OPEN=", folder);
+}
+
+bool StoreMainPosition(const fs::path& path, Settings& settings, std::int32_t x, std::int32_t y) {
+    settings.MAIN_POS_X = FormatWhole(x);
+    settings.MAIN_POS_Y = FormatWhole(y);
+    const bool x_written = PutSettingValue(path, L"MAIN_POS_X=", settings.MAIN_POS_X);
+    const bool y_written = PutSettingValue(path, L"MAIN_POS_Y=", settings.MAIN_POS_Y);
+    return x_written && y_written;
+}
+
+}  // namespace pixora
