@@ -11,6 +11,10 @@ constexpr std::int32_t kLargestDisplaySide = 22000;
 
 }  // namespace
 
+std::wstring StartRatio(std::wstring_view stored) {
+    return std::wstring(ParseRatio(stored) ? stored : kFallbackRatio);
+}
+
 PixelSize DisplayedSize(PixelSize image, double ratio) {
     return {Truncate(image.width * ratio), Truncate(image.height * ratio)};
 }

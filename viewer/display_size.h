@@ -7,23 +7,21 @@
 #include <string_view>
 
 #include "dialogs/message.h"
+#include "viewer/geometry.h"
 
 namespace pixora {
-
-/// A width and a height in pixels.
-struct PixelSize {
-    std::int32_t width = 0, height = 0;
-    friend bool operator==(const PixelSize&, const PixelSize&) = default;
-};
 
 /// The ratio that a viewer starts with when the stored display size is not a ratio.
 inline constexpr std::wstring_view kFallbackRatio = L"0.500";
 
+/// The ratio text that a new viewer starts with: `stored`, or the fallback when that is no ratio.
+[[nodiscard]] std::wstring StartRatio(std::wstring_view stored);
+
 /// Size of `image` shown at `ratio`: each side times the ratio, truncated.
 [[nodiscard]] PixelSize DisplayedSize(PixelSize image, double ratio);
 
-/// A ratio text as a percentage without sign: L"0.05" gives L"5", L"1.50" L"150", L"0.123" L"12.3". A text that
-/// is no ratio gives L"0".
+/// A ratio text as a percentage without sign: L"0.05" gives L"5", L"1.50" L"150", L"0.123" L"12.3". A text
+/// that is no ratio gives L"0".
 [[nodiscard]] std::wstring PercentText(std::wstring_view ratio_text);
 
 /// Checks that an image can be shown at the size that `ratio_text` says: both displayed sides must be at most

@@ -1,0 +1,52 @@
+#include "viewer/layout.h"
+
+#include <algorithm>
+
+#include "viewer/display_size.h"
+
+namespace pixora {
+
+PixelSize CanvasSize(PixelSize image, double ratio) {
+    const PixelSize shown = DisplayedSize(image, ratio);
+    return {std::min(std::max(shown.width, 0), kLargestCanvasSide),
+            std::min(std::max(shown.height, 0), kLargestCanvasSide)};
+}
+
+PixelSize FrameSize(const PixelRect& window, PixelSize client) {
+    const PixelSize outer = SizeOf(window);
+    return {outer.width - client.width, outer.height - client.height};
+}
+
+PixelRect PlaceWindow(const PixelRect& window, PixelSize frame, PixelSize canvas, PixelPoint anchor) {
+    const std::int32_t left = window.left - anchor.x, top = window.top - anchor.y;
+    return {left, top, left + canvas.width + frame.width, top + canvas.height + frame.height};
+}
+
+Visibility::Change Visibility::Tick(bool hide) {
+    switch (stage_) {
+        case Stage::fresh:
+            stage_ = Stage::waiting;
+            return Change::none;
+        case Stage::waiting:
+            if (hide) return Change::none;
+            stage_ = Stage::shown;
+            return Change::show_first;
+        case Stage::shown:
+            if (!hide) return Change::none;
+            stage_ = Stage::hidden;
+            return Change::hide;
+        case Stage::hidden:
+            if (hide) return Change::none;
+            stage_ = Stage::shown;
+            return Change::show_again;
+    }
+    return Change::none;
+}
+
+PixelRect WindowDrag::Follow(const PixelRect& window, PixelPoint cursor) {
+    const PixelRect moved = Shifted(window, last_, cursor);
+    last_ = cursor;
+    return moved;
+}
+
+}  // namespace pixora

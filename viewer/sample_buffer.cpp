@@ -1,0 +1,112 @@
+#include "viewer/sample_buffer.h"
+
+#include <algorithm>
+#include <exception>
+#include <vector>
+
+#include "base/file.h"
+#include "image/bmp_layout.h"
+#include "image/bmp_reader.h"
+#include "image/pixels.h"
+#include "image/tiff_reader.h"
+#include "image/valid_bits.h"
+
+namespace pixora {
+namespace {
+
+using Samples = std::span<std::uint16_t>;
+
+// The ".bin" copy of a colour image is the sample buffer itself; a grey one is spread over the three
+// channels, block by block from the file.
+void ReadRawCopy(File& file, bool colour, std::uint16_t largest, Samples samples) {
+    if (colour) {
+        static_cast<void>(file.Read(std::as_writable_bytes(samples)));
+        for (std::uint16_t& sample : samples) sample = std::min(sample, largest);
+        return;
+    }
+    std::vector<std::uint16_t> block(kBlockBytes / 2);
+    while (!samples.empty()) {
+        const auto wanted = std::span(block).first(std::min(block.size(), samples.size() / 3));
+        const std::size_t words = file.Read(std::as_writable_bytes(wanted)) / 2;
+        for (std::uint16_t& sample : wanted.first(words)) sample = std::min(sample, largest);
+        RepeatGrey(std::span<const std::uint16_t>(block).first(words), samples.first(3 * words));
+        if (words < wanted.size()) return;
+        samples = samples.subspan(3 * words);
+    }
+}
+
+// The byte copy of an 8- or 12-bit TIFF is read as the source was.
+void ReadTiffCopy(File& file, Samples samples) {
+    const TiffHeader header = ReadTiffHeader(file);
+    const std::optional<PixelLayout> layout = LayoutOf(header.info);
+    if (!layout || !file.Seek(header.info.first_strip_offset)) return;
+    const PixelUnit unit = UnitOf(*layout);
+    const std::size_t channels = ChannelsOf(*layout);
+    std::vector<std::byte> stored(kBlockBytes / unit.bytes * unit.bytes);
+    std::vector<std::uint16_t> decoded(stored.size() / unit.bytes * unit.pixels * channels);
+    // An odd last pixel of packed 12 bits is not read.
+    for (std::size_t units = samples.size() / 3 / unit.pixels; units > 0;) {
+        const std::size_t wanted = std::min(units, stored.size() / unit.bytes);
+        std::fill(stored.begin(), stored.end(), std::byte{});
+        const std::size_t got = file.Read(std::span(stored).first(wanted * unit.bytes));
+        const std::size_t whole = (got + unit.bytes - 1) / unit.bytes;
+        const std::size_t pixels = whole * unit.pixels;
+        DecodePixels(*layout, std::span(stored).first(whole * unit.bytes), decoded);
+        const auto part = std::span<const std::uint16_t>(decoded).first(pixels * channels);
+        if (channels == 1)
+            RepeatGrey(part, samples.first(3 * pixels));
+        else
+            std::copy(part.begin(), part.end(), samples.begin());
+        if (whole < wanted) return;
+        samples = samples.subspan(3 * pixels);
+        units -= whole;
+    }
+}
+
+// A display copy can be the byte copy of a user's file, so its rows may stand either way up.
+void ReadDisplayCopy(File& file, int width, int height, Samples samples) {
+    const std::optional<BmpHeader> header = ReadBmpHeader(file);
+    if (!header || !file.Seek(header->data_offset)) return;
+    const auto row_samples = 3 * static_cast<std::size_t>(width);
+    const auto stride = static_cast<std::size_t>(Bmp24Stride(static_cast<std::uint64_t>(width)));
+    std::vector<std::byte> block(std::max<std::size_t>(1, kBlockBytes / stride) * stride);
+    for (int row = 0; row < height;) {
+        std::fill(block.begin(), block.end(), std::byte{});
+        const std::size_t got = file.Read(block);
+        for (std::size_t at = 0; at < got && row < height; at += stride, ++row) {
+            const int image_row = header->bottom_up ? height - 1 - row : row;
+            const auto target =
+                samples.subspan(static_cast<std::size_t>(image_row) * row_samples, row_samples);
+            DecodePixels(PixelLayout::mono8, std::span(block).subspan(at, row_samples), target);
+        }
+        if (got < block.size()) return;
+    }
+}
+
+std::optional<SampleBuffer> Read(const ImageBuffer& image) {
+    const bool tiff = !image.data_copy.empty();
+    std::optional<File> file = File::OpenForReading(tiff ? image.data_copy : image.display_copy);
+    if (!file) return std::nullopt;
+    auto samples = ZeroedArray<std::uint16_t>::Make(std::uint64_t{3} * image.width * image.height);
+    if (!samples) return std::nullopt;
+    SampleBuffer buffer{image.width, image.height, *std::move(samples)};
+    if (!tiff)
+        ReadDisplayCopy(*file, buffer.width, buffer.height, buffer.samples.All());
+    else if (image.raw_data)
+        ReadRawCopy(*file, image.colour != 0, MaxSampleValue(image.valid_bits), buffer.samples.All());
+    else
+        ReadTiffCopy(*file, buffer.samples.All());
+    return buffer;
+}
+
+}  // namespace
+
+std::optional<SampleBuffer> ReadSampleBuffer(const ImageBuffer& image) noexcept {
+    try {
+        return Read(image);
+    } catch (const std::exception&) {  // no memory
+        return std::nullopt;
+    }
+}
+
+}  // namespace pixora

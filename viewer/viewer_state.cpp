@@ -1,0 +1,56 @@
+#include "viewer/viewer_state.h"
+
+#include <utility>
+
+#include "base/number_text.h"
+#include "viewer/display_size.h"
+
+namespace pixora {
+
+ViewerState NewViewerState(ImageBuffer image, SampleBuffer samples) {
+    ViewerState state;
+    state.ratio_text = StartRatio(image.display_size);
+    state.region = WholeImage(image.width, image.height);
+    state.last_seen_region = state.undo_region = state.region;
+    state.row = state.saved_row = CentreLine(image.height);
+    state.column = state.saved_column = CentreLine(image.width);
+    state.channel = image.colour ? 1 : 0;
+    state.image = std::move(image);
+    state.samples = std::move(samples);
+    state.canvas.image = ImageSizeOf(state);
+    UpdateCanvas(state);
+    return state;
+}
+
+void ApplySettings(const Settings& settings, ViewerState& state) {
+    CanvasState& canvas = state.canvas;
+    canvas.line_colour = ColorIndexOf(settings.LINE_COLOR, canvas.line_colour);
+    canvas.border_colour = ColorIndexOf(settings.BDR_COLOR, canvas.border_colour);
+    canvas.mark_colour = MarkColorIndexOf(settings.MARK_COLOR, canvas.mark_colour);
+    canvas.border_style = BorderStyleOf(settings.BDR_TYPE);
+    state.caption_style = settings.CAP_STYLE;
+}
+
+double RatioOf(const ViewerState& state) {
+    return ParseRatio(state.ratio_text).value_or(*ParseRatio(kFallbackRatio));
+}
+
+PixelSize ImageSizeOf(const ViewerState& state) {
+    return {state.image.width, state.image.height};
+}
+
+void UpdateCanvas(ViewerState& state) {
+    CanvasState& canvas = state.canvas;
+    canvas.ratio = RatioOf(state);
+    canvas.region_shown = state.region_on;
+    canvas.region = DisplayRectangle(state.region, canvas.ratio);
+    canvas.row = state.row;
+    canvas.column = state.column;
+}
+
+std::uint16_t CentreLine(std::uint16_t extent) {
+    const bool even = extent % 2 == 0;
+    return static_cast<std::uint16_t>(even && extent > 0 ? extent / 2 - 1 : extent / 2);
+}
+
+}  // namespace pixora
