@@ -1,5 +1,6 @@
 #include "base/file.h"
 
+#include <algorithm>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -10,6 +11,9 @@ namespace pixora {
 namespace {
 
 namespace fs = std::filesystem;
+
+// The C runtime of Windows counts the bytes of one call in 32 bits.
+constexpr std::size_t kLargestCall = std::size_t{1} << 26;
 
 std::FILE* Open(const fs::path& path, bool write) {
 #ifdef _WIN32
@@ -89,15 +93,40 @@ bool File::Seek(std::uint64_t offset) {
 }
 
 std::size_t File::Read(std::span<std::byte> target) {
-    return target.empty() ? 0 : std::fread(target.data(), 1, target.size(), file_.get());
+    std::size_t done = 0;
+    while (done < target.size()) {
+        const std::size_t wanted = std::min(target.size() - done, kLargestCall);
+        const std::size_t got = std::fread(target.data() + done, 1, wanted, file_.get());
+        done += got;
+        if (got < wanted) break;
+    }
+    return done;
 }
 
 bool File::ReadExactly(std::uint64_t offset, std::span<std::byte> target) {
     return Seek(offset) && Read(target) == target.size();
 }
 
+File::Units File::ReadUnits(std::span<std::byte> target, std::size_t unit) {
+    const std::size_t bytes = Read(target);
+    const std::size_t whole = std::min((bytes + unit - 1) / unit * unit, target.size());
+    for (std::size_t i = bytes; i < whole; ++i) target[i] = std::byte{};
+    return {bytes, whole};
+}
+
 bool File::Write(std::span<const std::byte> source) {
-    return source.empty() || std::fwrite(source.data(), 1, source.size(), file_.get()) == source.size();
+    while (!source.empty()) {
+        const std::size_t count = std::min(source.size(), kLargestCall);
+        if (std::fwrite(source.data(), 1, count, file_.get()) != count) return false;
+        source = source.subspan(count);
+    }
+    return true;
+}
+
+bool File::ExtendTo(std::uint64_t size) {
+    if (Size() >= size) return true;
+    const std::byte zero{};
+    return Seek(size - 1) && Write(std::span(&zero, 1));
 }
 
 bool File::Close() {
@@ -112,6 +141,13 @@ AtomicFile::AtomicFile(AtomicFile&& other) noexcept
     : target_(std::move(other.target_)),
       temporary_(std::exchange(other.temporary_, fs::path())),
       file_(std::move(other.file_)) {}
+
+AtomicFile& AtomicFile::operator=(AtomicFile&& other) noexcept {
+    std::swap(target_, other.target_);
+    std::swap(temporary_, other.temporary_);
+    std::swap(file_, other.file_);
+    return *this;
+}
 
 AtomicFile::~AtomicFile() {
     if (temporary_.empty()) return;
@@ -148,7 +184,7 @@ std::optional<std::string> ReadWholeFile(const fs::path& path, std::uint64_t lim
 
 bool WriteWholeFile(const fs::path& path, std::string_view bytes) {
     std::optional<AtomicFile> file = AtomicFile::Create(path);
-    return file && file->Write(std::as_bytes(std::span(bytes))) && file->Commit();
+    return file && file->Out().Write(std::as_bytes(std::span(bytes))) && file->Commit();
 }
 
 void DeleteQuietly(const fs::path& path) {

@@ -15,7 +15,7 @@ namespace pixora {
 
 /// How much is read or written at a time: large enough that the calls cost nothing, small enough to stay in
 /// the processor's cache between reading, converting and writing.
-inline constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
+inline constexpr std::size_t kBlockBytes = std::size_t{1} << 18;
 
 /// An open binary file; closed with its owner. Not buffered: callers pass whole blocks.
 class File {
@@ -33,8 +33,17 @@ public:
     [[nodiscard]] std::size_t Read(std::span<std::byte> target);
     /// Reads exactly `target.size()` bytes from `offset`. @return false when the file does not hold them.
     [[nodiscard]] bool ReadExactly(std::uint64_t offset, std::span<std::byte> target);
+    struct Units {
+        std::size_t bytes;  ///< that the file held
+        std::size_t whole;  ///< the same, rounded up to whole units
+    };
+    /// Reads from the current position, `target.size()` being a whole number of units of `unit` bytes. What the file
+    /// lacks of the last unit that it holds a part of is zero in `target`.
+    [[nodiscard]] Units ReadUnits(std::span<std::byte> target, std::size_t unit);
     /// Writes all of `source`. @return false when any of it could not be written.
     [[nodiscard]] bool Write(std::span<const std::byte> source);
+    /// Makes the file at least `size` bytes long; what is added reads as zero and need not take space on the disk.
+    [[nodiscard]] bool ExtendTo(std::uint64_t size);
     /// Closes; the file must not be used afterwards. @return false when data was lost.
     [[nodiscard]] bool Close();
 
@@ -53,10 +62,11 @@ public:
     /// @return nothing when the target is write-protected or is a folder, or the temporary file cannot be made.
     [[nodiscard]] static std::optional<AtomicFile> Create(const std::filesystem::path& target);
     AtomicFile(AtomicFile&& other) noexcept;
-    AtomicFile& operator=(AtomicFile&&) = delete;
+    AtomicFile& operator=(AtomicFile&& other) noexcept;
     ~AtomicFile();
 
-    [[nodiscard]] bool Write(std::span<const std::byte> source) { return file_.Write(source); }
+    /// The file under its temporary name, to write to.
+    [[nodiscard]] File& Out() { return file_; }
     /// Closes and puts the file under its name. @return false when that failed; the target is then unchanged.
     [[nodiscard]] bool Commit();
 

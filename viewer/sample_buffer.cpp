@@ -47,19 +47,17 @@ void ReadTiffCopy(File& file, Samples samples) {
     // An odd last pixel of packed 12 bits is not read.
     for (std::size_t units = samples.size() / 3 / unit.pixels; units > 0;) {
         const std::size_t wanted = std::min(units, stored.size() / unit.bytes);
-        std::fill(stored.begin(), stored.end(), std::byte{});
-        const std::size_t got = file.Read(std::span(stored).first(wanted * unit.bytes));
-        const std::size_t whole = (got + unit.bytes - 1) / unit.bytes;
-        const std::size_t pixels = whole * unit.pixels;
-        DecodePixels(*layout, std::span(stored).first(whole * unit.bytes), decoded);
+        const std::size_t whole = file.ReadUnits(std::span(stored).first(wanted * unit.bytes), unit.bytes).whole;
+        const std::size_t pixels = whole / unit.bytes * unit.pixels;
+        DecodePixels(*layout, std::span(stored).first(whole), decoded);
         const auto part = std::span<const std::uint16_t>(decoded).first(pixels * channels);
         if (channels == 1)
             RepeatGrey(part, samples.first(3 * pixels));
         else
             std::copy(part.begin(), part.end(), samples.begin());
-        if (whole < wanted) return;
+        if (whole < wanted * unit.bytes) return;
         samples = samples.subspan(3 * pixels);
-        units -= whole;
+        units -= wanted;
     }
 }
 
@@ -71,15 +69,14 @@ void ReadDisplayCopy(File& file, int width, int height, Samples samples) {
     const auto stride = static_cast<std::size_t>(Bmp24Stride(static_cast<std::uint64_t>(width)));
     std::vector<std::byte> block(std::max<std::size_t>(1, kBlockBytes / stride) * stride);
     for (int row = 0; row < height;) {
-        std::fill(block.begin(), block.end(), std::byte{});
-        const std::size_t got = file.Read(block);
-        for (std::size_t at = 0; at < got && row < height; at += stride, ++row) {
+        const std::size_t whole = file.ReadUnits(block, stride).whole;
+        for (std::size_t at = 0; at < whole && row < height; at += stride, ++row) {
             const int image_row = header->bottom_up ? height - 1 - row : row;
             const auto target =
                 samples.subspan(static_cast<std::size_t>(image_row) * row_samples, row_samples);
             DecodePixels(PixelLayout::mono8, std::span(block).subspan(at, row_samples), target);
         }
-        if (got < block.size()) return;
+        if (whole < block.size()) return;
     }
 }
 

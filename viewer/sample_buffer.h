@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <vector>
 
+#include "base/zeroed_array.h"
 #include "image/image_buffer.h"
 
 namespace pixora {
@@ -15,13 +15,13 @@ namespace pixora {
 /// its sample three times), rows top to bottom, scaled to the valid bits.
 struct SampleBuffer {
     int width = 0, height = 0;
-    std::vector<std::uint16_t> samples;  ///< width x height x 3
+    ZeroedArray<std::uint16_t> samples;  ///< width x height x 3
 
     /// The three samples of one pixel; x and y must lie inside the image.
     [[nodiscard]] std::span<const std::uint16_t, 3> Pixel(int x, int y) const {
         const std::size_t first =
             3 * (static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x));
-        return std::span(samples).subspan(first).first<3>();
+        return samples.All().subspan(first).first<3>();
     }
 };
 

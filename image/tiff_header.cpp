@@ -1,0 +1,201 @@
+#include "image/tiff_header.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "base/bytes.h"
+
+namespace pixora {
+namespace {
+
+constexpr std::size_t kEntryBytes = 12;
+constexpr std::uint64_t kInlineBytes = 4;
+// Longer value arrays are not fetched; their field keeps its default.
+constexpr std::uint64_t kFetchLimit = 8193;
+// No field takes more than four values of two bytes or one fraction of eight from its entry.
+constexpr std::size_t kUsedValueBytes = 16;
+
+enum Tag : std::uint16_t {
+    kImageWidth = 256,
+    kImageLength = 257,
+    kBitsPerSample = 258,
+    kCompression = 259,
+    kPhotometricInterpretation = 262,
+    kStripOffsets = 273,
+    kRowsPerStrip = 278,
+    kStripByteCounts = 279,
+    kXResolution = 282,
+    kYResolution = 283,
+    kResolutionUnit = 296,
+    kColorMap = 320,
+};
+
+bool IsKept(std::uint16_t tag) {
+    switch (tag) {
+        case kImageWidth:
+        case kImageLength:
+        case kBitsPerSample:
+        case kCompression:
+        case kPhotometricInterpretation:
+        case kStripOffsets:
+        case kRowsPerStrip:
+        case kStripByteCounts:
+        case kXResolution:
+        case kYResolution:
+        case kResolutionUnit:
+        case kColorMap: return true;
+        default: return false;
+    }
+}
+
+// Bytes of one value of types 1 to 12; other types have no values.
+std::size_t TypeBytes(std::uint16_t type) {
+    constexpr std::size_t kBytes[] = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8};
+    return type < std::size(kBytes) ? kBytes[type] : 0;
+}
+
+std::uint16_t Narrow16(std::uint32_t value) {
+    return static_cast<std::uint16_t>(std::min<std::uint32_t>(value, 0xFFFF));
+}
+
+// The values of one directory entry, as far as any field uses them.
+struct EntryValues {
+    std::span<const std::byte> bytes{};
+    std::size_t value_bytes = 0;
+    bool big_endian = false;
+
+    [[nodiscard]] std::size_t Count() const { return value_bytes ? bytes.size() / value_bytes : 0; }
+    [[nodiscard]] std::uint32_t U32(std::size_t offset) const {
+        return big_endian ? Big32(bytes, offset) : Little32(bytes, offset);
+    }
+    // Value `index`, or of a fraction its numerator.
+    [[nodiscard]] std::uint32_t Value(std::size_t index) const {
+        const std::size_t offset = index * value_bytes;
+        if (value_bytes == 1) return std::to_integer<std::uint32_t>(bytes[offset]);
+        if (value_bytes == 2) return big_endian ? Big16(bytes, offset) : Little16(bytes, offset);
+        return U32(offset);
+    }
+};
+
+void StoreBits(const EntryValues& values, std::uint64_t all_bytes, TiffInfo& info) {
+    if (all_bytes <= kInlineBytes) {
+        info.bits = {0, 0, 0, Narrow16(values.Value(0))};
+        return;
+    }
+    const std::size_t count = std::min<std::size_t>(values.Count(), 4);
+    info.bits = {0, 0, 0, 0};
+    for (std::size_t i = 0; i < count; ++i) info.bits[i] = Narrow16(values.Value(i));
+}
+
+void StoreFraction(const EntryValues& values, std::array<std::uint32_t, 2>& fraction) {
+    if (values.bytes.size() >= 8) fraction = {values.U32(0), values.U32(4)};
+}
+
+void Store(std::uint16_t tag, const EntryValues& values, std::uint64_t all_bytes, TiffInfo& info) {
+    if (values.Count() == 0) return;
+    const std::uint32_t first = values.Value(0);
+    switch (tag) {
+        case kImageWidth: info.width = first; break;
+        case kImageLength: info.height = first; break;
+        case kBitsPerSample: StoreBits(values, all_bytes, info); break;
+        case kCompression: info.compression = Narrow16(first); break;
+        case kPhotometricInterpretation: info.photometric = Narrow16(first); break;
+        case kStripOffsets: info.first_strip_offset = first; break;
+        case kRowsPerStrip: info.rows_per_strip = first; break;
+        case kStripByteCounts: info.strip_byte_count = first; break;
+        case kXResolution: StoreFraction(values, info.x_resolution); break;
+        case kYResolution: StoreFraction(values, info.y_resolution); break;
+        case kResolutionUnit: info.resolution_unit = Narrow16(first); break;
+        case kColorMap: info.colour_map = Narrow16(first); break;
+        default: break;
+    }
+}
+
+class HeaderReader {
+public:
+    explicit HeaderReader(File& file) : file_(file), size_(file.Size()) {}
+
+    TiffHeader Read() {
+        TiffHeader header;
+        std::array<std::byte, 8> start{};
+        static_cast<void>(file_.Seek(0));
+        const std::size_t got = file_.Read(start);
+        if (got < 4) return header;
+        header.kind = KindOf(start);
+        if (header.kind == ImageFileKind::unknown) return header;
+        big_endian_ = header.kind == ImageFileKind::tiff_big;
+        header.complete = got == start.size() && ReadDirectory(U32(start, 4), header.info);
+        return header;
+    }
+
+private:
+    static ImageFileKind KindOf(std::span<const std::byte> start) {
+        const auto both = [&](char c) { return start[0] == std::byte(c) && start[1] == std::byte(c); };
+        if (both('I') && Little16(start, 2) == 42) return ImageFileKind::tiff_little;
+        if (both('M') && Big16(start, 2) == 42) return ImageFileKind::tiff_big;
+        return ImageFileKind::unknown;
+    }
+
+    [[nodiscard]] std::uint16_t U16(std::span<const std::byte> bytes, std::size_t offset) const {
+        return big_endian_ ? Big16(bytes, offset) : Little16(bytes, offset);
+    }
+    [[nodiscard]] std::uint32_t U32(std::span<const std::byte> bytes, std::size_t offset) const {
+        return big_endian_ ? Big32(bytes, offset) : Little32(bytes, offset);
+    }
+
+    bool ReadDirectory(std::uint64_t offset, TiffInfo& info) {
+        std::array<std::byte, 2> count_bytes{};
+        if (!file_.ReadExactly(offset, count_bytes)) return false;
+        std::vector<std::byte> entries(U16(count_bytes, 0) * kEntryBytes);
+        const std::size_t got = file_.Read(entries);
+        bool complete = got == entries.size();
+        for (std::size_t at = 0; at + kEntryBytes <= got; at += kEntryBytes)
+            complete = ReadEntry(std::span(entries).subspan(at, kEntryBytes), info) && complete;
+        return complete;
+    }
+
+    // @return false when the entry's values lie outside the file.
+    bool ReadEntry(std::span<const std::byte> entry, TiffInfo& info) {
+        const std::uint16_t tag = U16(entry, 0);
+        if (!IsKept(tag)) return true;
+        const std::uint32_t count = U32(entry, 4);
+        EntryValues values{.value_bytes = TypeBytes(U16(entry, 2)), .big_endian = big_endian_};
+        const std::uint64_t all_bytes = std::uint64_t{count} * values.value_bytes;
+        if (tag == kStripOffsets) info.strip_count = Narrow16(count);
+        if (all_bytes <= kInlineBytes) {
+            values.bytes = entry.subspan(8, static_cast<std::size_t>(all_bytes));
+            Store(tag, values, all_bytes, info);
+            return true;
+        }
+        // Deliberate: the first strip offset of a file with very many strips stays 0, so that its pixels are read
+        // from the start of the file.
+        if (all_bytes >= kFetchLimit) return true;
+        const std::uint64_t offset = U32(entry, 8);
+        std::array<std::byte, kUsedValueBytes> fetched{};
+        const auto used = std::span(fetched).first(static_cast<std::size_t>(
+            std::min<std::uint64_t>(all_bytes, kUsedValueBytes)));
+        if (offset + all_bytes > size_ || !file_.ReadExactly(offset, used)) return false;
+        values.bytes = used;
+        Store(tag, values, all_bytes, info);
+        return true;
+    }
+
+    File& file_;
+    std::uint64_t size_;
+    bool big_endian_ = false;
+};
+
+}  // namespace
+
+TiffHeader ReadTiffHeader(File& file) {
+    return HeaderReader(file).Read();
+}
+
+TiffHeader ReadTiffHeader(const std::filesystem::path& path) {
+    std::optional<File> file = File::OpenForReading(path);
+    return file ? ReadTiffHeader(*file) : TiffHeader{};
+}
+
+}  // namespace pixora
