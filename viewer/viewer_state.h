@@ -37,6 +37,8 @@ struct ViewerState {
 
     int channel = 0;  ///< 0 grey; of a colour image 1 red, 2 green, 3 blue, 4 all three
 
+    bool closing = false;  ///< the viewer's window goes away; its views close themselves
+
     CanvasState canvas;
 };
 

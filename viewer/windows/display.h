@@ -10,10 +10,11 @@
 #include "image/image_buffer.h"
 #include "platform/dialog.h"
 #include "settings/settings.h"
+#include "viewer/layout.h"
+#include "viewer/viewer_state.h"
+#include "viewer/windows/image_canvas.h"
 
 namespace pixora {
-
-struct ViewerState;
 
 /// What a viewer gets from the main window besides its image. The pointers stay valid as long as any viewer.
 struct ViewerContext {
@@ -23,8 +24,8 @@ struct ViewerContext {
     POINT position{};  ///< where the window's top-left corner goes, in screen coordinates
 };
 
-/// One viewer. It raises the count of open viewers and its slot's viewer-open flag while its window exists, and
-/// deletes the image's temporary copies when it closes.
+/// One viewer. It raises the count of open viewers and its slot's viewer-open flag while its window exists,
+/// and deletes the image's temporary copies when it closes.
 class CDisplay : public Dialog {
 public:
     CDisplay(ImageBuffer image, ViewerContext context);
@@ -37,7 +38,31 @@ public:
     [[nodiscard]] bool Gone() const noexcept { return gone_; }
 
 private:
+    void OnInit() override;
+    void OnTick() override;
+    void OnClose() override;
+    void OnDestroy() override;
+    void OnGone() override { gone_ = true; }
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
+
+    void FollowVisibility();
+    void FollowSettings();
+    void FollowLayoutRequest();
+    void LayOut();
+    void ShowCaption();
+    void BeginDrag();
+    void Drag(bool button_held);
+    void Close();
+    void DeleteTemporaryCopies();
+    [[nodiscard]] bool& SlotFlag(SlotFlags SharedFlags::*flags) const;
+
+    ViewerContext context_;
     std::shared_ptr<ViewerState> state_;
+    CImageCanvas canvas_;
+    Visibility visibility_;
+    WindowDrag drag_;
+    bool counted_ = false;  ///< this viewer is in the count of open viewers
+    bool closing_ = false;
     bool gone_ = false;
 };
 

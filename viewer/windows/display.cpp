@@ -1,0 +1,188 @@
+#include "viewer/windows/display.h"
+
+#include <utility>
+
+#include "platform/message_box.h"
+#include "platform/screen.h"
+#include "resources/resource.h"
+#include "viewer/caption.h"
+#include "viewer/temporary_copies.h"
+#include "viewer/windows/copy_removal.h"
+#include "viewer/windows/geometry_win.h"
+
+namespace pixora {
+namespace {
+
+void SetWindowIcon(HWND window, WPARAM kind, int width_metric, int height_metric) {
+    const HANDLE icon =
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_PIXORA), IMAGE_ICON,
+                   GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), LR_SHARED);
+    SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+}
+
+// Without an answer of its own, a window is held to the size of the screen and to the width of its buttons.
+void AllowEverySize(MINMAXINFO& limits) {
+    limits.ptMinTrackSize = {1, 1};
+    limits.ptMaxTrackSize = {kLargestCanvasSide, kLargestCanvasSide};
+}
+
+}  // namespace
+
+CDisplay::CDisplay(ImageBuffer image, ViewerContext context)
+    : Dialog(IDD_DISPLAY),
+      context_(std::move(context)),
+      state_(std::make_shared<ViewerState>(NewViewerState(std::move(image), SampleBuffer{}))) {}
+
+CDisplay::~CDisplay() {
+    Destroy();  // while the handlers of this class can still be called
+}
+
+bool CDisplay::Open() {
+    std::optional<SampleBuffer> samples = ReadSampleBuffer(state_->image);
+    if (!samples) return false;
+    state_->samples = *std::move(samples);
+    ApplySettings(*context_.settings, *state_);
+    return CreateModeless(nullptr);
+}
+
+bool& CDisplay::SlotFlag(SlotFlags SharedFlags::*flags) const {
+    return (context_.flags->*flags)[state_->image.slot];
+}
+
+void CDisplay::OnInit() {
+    SlotFlag(&SharedFlags::close_viewer) = SlotFlag(&SharedFlags::redraw_viewer) = false;
+    SlotFlag(&SharedFlags::viewer_open) = true;
+    ++context_.flags->open_viewers;
+    counted_ = true;
+    SetWindowIcon(Window(), ICON_BIG, SM_CXICON, SM_CYICON);
+    SetWindowIcon(Window(), ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
+    MoveWindowTo(Window(), context_.position);
+    if (!canvas_.Create(Window(), {state_, &state_->canvas})) return Destroy();
+    StartTicking();
+}
+
+void CDisplay::OnTick() {
+    if (SlotFlag(&SharedFlags::close_viewer) && !InModal()) return Close();
+    FollowVisibility();
+    FollowSettings();
+    FollowLayoutRequest();
+}
+
+void CDisplay::FollowVisibility() {
+    switch (visibility_.Tick(context_.flags->Hidden(WindowKind::viewer))) {
+        case Visibility::Change::none:
+            break;
+        case Visibility::Change::show_first:
+            ShowWindow(Window(), SW_SHOW);
+            break;
+        case Visibility::Change::show_again:
+            ShowWindow(Window(), SW_SHOWNA);
+            break;
+        case Visibility::Change::hide:
+            ShowWindow(Window(), SW_HIDE);
+            break;
+    }
+}
+
+void CDisplay::FollowSettings() {
+    if (!std::exchange(SlotFlag(&SharedFlags::redraw_viewer), false)) return;
+    ApplySettings(*context_.settings, *state_);
+    canvas_.Repaint();
+    ShowCaption();
+}
+
+void CDisplay::FollowLayoutRequest() {
+    if (!state_->layout_requested || IsIconic(Window())) return;
+    LayOut();
+    state_->layout_requested = false;
+}
+
+void CDisplay::LayOut() {
+    const PixelSize canvas = CanvasSize(ImageSizeOf(*state_), RatioOf(*state_));
+    // The second round settles the window after the first one has moved and resized it.
+    for (int round = 0; round < 2; ++round) {
+        const PixelRect window = FromWin(ScreenRectangle(Window()));
+        canvas_.Load(state_->image.display_copy);
+        UpdateCanvas(*state_);
+        canvas_.Repaint();
+        const PixelRect placed = PlaceWindow(window, FromWin(FrameExtent(Window())), canvas, state_->anchor);
+        const PixelSize size = SizeOf(placed);
+        SetWindowPos(Window(), nullptr, placed.left, placed.top, size.width, size.height,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+        canvas_.Resize(canvas);
+        state_->anchor = {};
+        ShowCaption();
+    }
+}
+
+void CDisplay::ShowCaption() {
+    SetCaption(ViewerCaption(state_->image, state_->caption_style, state_->ratio_text));
+}
+
+std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+        case WM_GETMINMAXINFO:
+            AllowEverySize(*reinterpret_cast<MINMAXINFO*>(l));
+            return 0;
+        case WM_ERASEBKGND:
+            return TRUE;  // the canvas covers the client area
+        case WM_DPICHANGED:
+            state_->layout_requested = true;  // the frame changes, the image never does
+            return 0;
+        case WM_MBUTTONDOWN:
+            BeginDrag();
+            return 0;
+        case WM_MOUSEMOVE:
+            Drag((w & MK_MBUTTON) != 0);
+            return 0;
+        case WM_MBUTTONUP:
+            if (drag_.Active()) ReleaseCapture();
+            return 0;
+        case WM_CAPTURECHANGED:
+            drag_.End();
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+void CDisplay::BeginDrag() {
+    SetCapture(Window());
+    drag_.Begin(FromWin(CursorPosition()));
+}
+
+void CDisplay::Drag(bool button_held) {
+    if (!drag_.Active()) return;
+    if (!button_held) {  // released where no message could tell
+        ReleaseCapture();
+        return;
+    }
+    const PixelRect moved = drag_.Follow(FromWin(ScreenRectangle(Window())), FromWin(CursorPosition()));
+    MoveWindowTo(Window(), {moved.left, moved.top});
+}
+
+void CDisplay::OnClose() {
+    if (!InModal()) Close();
+}
+
+void CDisplay::Close() {
+    if (std::exchange(closing_, true)) return;  // a failure box lets ticks in
+    DeleteTemporaryCopies();
+    Destroy();
+}
+
+void CDisplay::DeleteTemporaryCopies() {
+    for (const std::filesystem::path& copy : TemporaryCopiesOf(state_->image))
+        if (const std::optional<DWORD> error = RemoveCopy(copy))
+            ShowPlainBox(Window(), DeleteFailureText(copy, *error));
+}
+
+void CDisplay::OnDestroy() {
+    state_->closing = true;
+    if (!std::exchange(counted_, false)) return;
+    --context_.flags->open_viewers;
+    SlotFlag(&SharedFlags::viewer_open) = false;
+    SlotFlag(&SharedFlags::close_viewer) = SlotFlag(&SharedFlags::redraw_viewer) = false;
+}
+
+}  // namespace pixora

@@ -1,0 +1,124 @@
+#include "viewer/windows/picture.h"
+
+#include <objidl.h>
+
+#include <gdiplus.h>
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <mutex>
+#include <span>
+
+#include "base/file.h"
+#include "image/bmp_layout.h"
+#include "image/bmp_reader.h"
+#include "viewer/picture_rows.h"
+
+namespace pixora {
+namespace {
+
+namespace flat = Gdiplus::DllExports;
+
+/// Keeps the system's image decoder running. It starts with the first user and stops with the last, in the
+/// whole process.
+class DecoderUse {
+public:
+    DecoderUse() {
+        const std::scoped_lock guard(lock_);
+        if (!started_) {
+            const Gdiplus::GdiplusStartupInput input;
+            started_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
+        }
+        ++users_;
+    }
+    ~DecoderUse() {
+        const std::scoped_lock guard(lock_);
+        if (--users_ > 0 || !started_) return;
+        Gdiplus::GdiplusShutdown(token_);
+        started_ = false;
+    }
+    DecoderUse(const DecoderUse&) = delete;
+    DecoderUse& operator=(const DecoderUse&) = delete;
+
+private:
+    static inline std::mutex lock_;
+    static inline int users_ = 0;
+    static inline bool started_ = false;
+    static inline ULONG_PTR token_ = 0;
+};
+
+struct Disposer {
+    void operator()(Gdiplus::GpBitmap* bitmap) const noexcept { flat::GdipDisposeImage(bitmap); }
+};
+using DecodedImage = std::unique_ptr<Gdiplus::GpBitmap, Disposer>;
+
+/// A bitmap and the memory of its rows, bottom row first.
+struct Section {
+    UniqueBitmap bitmap;
+    std::span<std::byte> rows;
+};
+
+std::optional<Section> MakeSection(UINT width, UINT height) {
+    if (width == 0 || height == 0 || !FitsBitmap(width, height)) return std::nullopt;
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = static_cast<LONG>(width);
+    info.bmiHeader.biHeight = static_cast<LONG>(height);
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap || !bits) return std::nullopt;
+    const std::uint64_t size = Bmp24Stride(width) * height;
+    return Section{std::move(bitmap), {static_cast<std::byte*>(bits), static_cast<std::size_t>(size)}};
+}
+
+/// Copies all rows of a decoded image, whichever way up the decoder keeps them.
+bool CopyRows(Gdiplus::GpBitmap* image, UINT width, UINT height, std::span<std::byte> rows) {
+    const Gdiplus::Rect all(0, 0, static_cast<INT>(width), static_cast<INT>(height));
+    Gdiplus::BitmapData data{};
+    if (flat::GdipBitmapLockBits(image, &all, Gdiplus::ImageLockModeRead, PixelFormat24bppRGB, &data) !=
+        Gdiplus::Ok)
+        return false;
+    const auto* top = static_cast<const std::byte*>(data.Scan0);
+    const auto stride = static_cast<std::size_t>(Bmp24Stride(width));
+    for (std::size_t row = 0; row < height; ++row)
+        std::memcpy(&rows[(height - 1 - row) * stride], top + static_cast<std::ptrdiff_t>(row) * data.Stride,
+                    std::size_t{3} * width);
+    return flat::GdipBitmapUnlockBits(image, &data) == Gdiplus::Ok;
+}
+
+std::optional<UniqueBitmap> Decode(const std::filesystem::path& path) {
+    const DecoderUse use;
+    Gdiplus::GpBitmap* decoded = nullptr;
+    if (flat::GdipCreateBitmapFromFile(path.c_str(), &decoded) != Gdiplus::Ok) return std::nullopt;
+    const DecodedImage image(decoded);
+    UINT width = 0, height = 0;
+    if (flat::GdipGetImageWidth(decoded, &width) != Gdiplus::Ok ||
+        flat::GdipGetImageHeight(decoded, &height) != Gdiplus::Ok)
+        return std::nullopt;
+    std::optional<Section> section = MakeSection(width, height);
+    if (!section || !CopyRows(decoded, width, height, section->rows)) return std::nullopt;
+    return std::move(section->bitmap);
+}
+
+/// For copies that the decoder refuses because they end early.
+std::optional<UniqueBitmap> ReadRows(File& file, const BmpHeader& header) {
+    std::optional<Section> section = MakeSection(header.width, header.height);
+    if (!section || !ReadPictureRows(file, header, section->rows)) return std::nullopt;
+    return std::move(section->bitmap);
+}
+
+}  // namespace
+
+std::optional<UniqueBitmap> LoadPicture(const std::filesystem::path& display_copy) {
+    std::optional<File> file = File::OpenForReading(display_copy);
+    const std::optional<BmpHeader> header = file ? ReadBmpHeader(*file) : std::nullopt;
+    if (!header || !FitsBitmap(header->width, header->height)) return std::nullopt;
+    if (std::optional<UniqueBitmap> picture = Decode(display_copy)) return picture;
+    return ReadRows(*file, *header);
+}
+
+}  // namespace pixora
