@@ -48,6 +48,15 @@ struct SharedFlags {
     /// stored a new default size; cleared by the main window.
     bool refresh_main = false;
 
+    /// The option dialog of that kind is open. Set by the dialog at its start and cleared by it when it is
+    /// destroyed; read by the main window, which opens one of each at most.
+    bool viewer_option_open = false, region_style_open = false, main_option_open = false;
+    /// Asks the main option dialog to show MAIN_POS of the settings again. Set by the main window (Restore
+    /// Defaults); read and cleared by the dialog.
+    bool reload_main_option = false;
+    /// Asks the main option dialog to close. Set by the main window (Exit); read and cleared by the dialog.
+    bool close_main_option = false;
+
     [[nodiscard]] bool Hidden(WindowKind kind) const { return hide[static_cast<std::size_t>(kind)]; }
 };
 

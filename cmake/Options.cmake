@@ -3,9 +3,10 @@ add_library(pixora_options INTERFACE)
 target_compile_features(pixora_options INTERFACE cxx_std_20)
 target_include_directories(pixora_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(pixora_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  # The resource compiler takes none of these.
+  "$<$<COMPILE_LANGUAGE:C,CXX>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wshadow;-Werror>"
   # The same integers come out of a ratio on every machine only without fused multiply-adds.
-  -ffp-contract=off)
+  "$<$<COMPILE_LANGUAGE:C,CXX>:-ffp-contract=off>")
 target_compile_definitions(pixora_options INTERFACE _FILE_OFFSET_BITS=64)
 
 if(PIXORA_SANITIZE)

@@ -12,7 +12,4 @@ namespace pixora {
 [[nodiscard]] std::wstring DocumentsFolder();
 [[nodiscard]] std::wstring PicturesFolder();
 
-/// `path` against the current folder; unchanged when the system cannot tell.
-[[nodiscard]] std::wstring FullPath(const std::wstring& path);
-
 }  // namespace pixora

@@ -44,6 +44,26 @@ int CaptionHeight(HWND window) {
     return GetSystemMetricsForDpi(SM_CYCAPTION, GetDpiForWindow(window));
 }
 
+int ScaleForDpi(HWND window, int length) {
+    return MulDiv(length, static_cast<int>(GetDpiForWindow(window)), USER_DEFAULT_SCREEN_DPI);
+}
+
+POINT RestoredPosition(HWND window) {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (!IsIconic(window) || !GetWindowPlacement(window, &placement)) {
+        const RECT rectangle = ScreenRectangle(window);
+        return {rectangle.left, rectangle.top};
+    }
+    // The placement is told in coordinates that start at the work area instead of the monitor.
+    const RECT& normal = placement.rcNormalPosition;
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(MonitorFromRect(&normal, MONITOR_DEFAULTTONEAREST), &info);
+    return {normal.left + info.rcWork.left - info.rcMonitor.left,
+            normal.top + info.rcWork.top - info.rcMonitor.top};
+}
+
 RECT ClientRectangleOf(HWND child) {
     RECT rectangle = ScreenRectangle(child);
     MapWindowPoints(nullptr, GetParent(child), reinterpret_cast<POINT*>(&rectangle), 2);
@@ -59,6 +79,7 @@ POINT CursorPosition() {
 void MoveWindowTo(HWND window, POINT top_left) {
     SetWindowPos(window, nullptr, top_left.x, top_left.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
+
 
 BusyCursor::BusyCursor() noexcept : previous_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
 BusyCursor::~BusyCursor() {

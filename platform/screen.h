@@ -22,6 +22,10 @@ namespace pixora {
 [[nodiscard]] SIZE FrameExtent(HWND window);
 /// Height of a caption in pixels at the window's resolution.
 [[nodiscard]] int CaptionHeight(HWND window);
+/// A length that is meant for 96 dots per inch, at the window's resolution.
+[[nodiscard]] int ScaleForDpi(HWND window, int length);
+/// Where a window that is minimised, maximised or neither stands when it is neither, on the screen.
+[[nodiscard]] POINT RestoredPosition(HWND window);
 /// Where a child lies in its parent's client area.
 [[nodiscard]] RECT ClientRectangleOf(HWND child);
 /// The cursor on the screen.
