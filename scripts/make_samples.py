@@ -3,7 +3,7 @@
 
     scripts/make_samples.py                        # writes samples/
     scripts/make_samples.py --check                # compares samples/ with what would be written
-    scripts/make_samples.py --size 12000x8333 --out /tmp/big tiff16-mono.tif
+    scripts/make_samples.py --size 12000x8333 --out build/big tiff16-mono.tif
 
 The picture is a test chart as a camera would see it: a grey ramp and wedge, colour patches, a zone plate, line pairs,
 an edge and a label, under the shading of a lens and the noise of a sensor. All of it is whole-number arithmetic over
@@ -176,7 +176,7 @@ def cube_palette():
 
 
 def cube_index(picture):
-    """The palette entry of each pixel, ordered dither between the steps of the cube, nearly grey pixels to the greys."""
+    """The palette entry of each pixel: ordered dither over the cube, nearly grey pixels from the greys."""
     eight = picture.astype(np.int32) >> 8
     height, width = eight.shape[:2]
     pattern = np.array(((0, 8, 2, 10), (12, 4, 14, 6), (3, 11, 1, 9), (15, 7, 13, 5)), dtype=np.int32)

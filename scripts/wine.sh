@@ -4,8 +4,8 @@
 #   . scripts/wine.sh
 #   wine_make_template build/wine/template          # once, some ten seconds; again only when its recipe changes
 #   screen_start 1920x1080x24                       # a virtual screen, sets DISPLAY
-#   wine_new_prefix build/wine/template /tmp/prefix # a fresh prefix of its own, 0.1 s
-#   wine_use /tmp/prefix
+#   wine_new_prefix build/wine/template build/wine/mine   # a fresh prefix of its own, 0.1 s
+#   wine_use build/wine/mine
 #   "$WINE" build/windows/bin/pixora_tests.exe
 #   wine_stop; screen_stop
 #
