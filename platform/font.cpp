@@ -6,7 +6,9 @@ namespace pixora {
 
 namespace {
 
-HFONT FontOf(HWND control) { return reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)); }
+HFONT FontOf(HWND control) {
+    return reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+}
 
 template <typename Change>
 UniqueFont ChangeFont(HWND control, Change change) {

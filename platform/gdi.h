@@ -42,7 +42,8 @@ using UniqueBitmap = UniqueGdi<HBITMAP, &DeleteObject>;
 using UniqueRegion = UniqueGdi<HRGN, &DeleteObject>;
 using UniqueMemoryDc = UniqueGdi<HDC, &DeleteDC>;
 
-/// Selects `object` for one scope. Declare it after that object, so that it is deselected before it is deleted.
+/// Selects `object` for one scope. Declare it after that object, so that it is deselected before it is
+/// deleted.
 class [[nodiscard]] Selected {
 public:
     Selected(HDC dc, HGDIOBJ object) noexcept : dc_(dc), previous_(SelectObject(dc, object)) {}

@@ -21,4 +21,11 @@ using UniqueMenu = std::unique_ptr<HMENU__, MenuCloser>;
 /// @return the chosen command, or 0.
 [[nodiscard]] int TrackPopup(HWND owner, HMENU popup, POINT at);
 
+/// Where a menu of `control` opens that WM_CONTEXTMENU asks for with `position`: there, or, when the keyboard
+/// asks, at the control's own corner.
+[[nodiscard]] POINT MenuPosition(HWND control, LPARAM position);
+
+/// Lets the parent of an edit control have its WM_CONTEXTMENU, instead of the control's own menu.
+void ForwardContextMenu(HWND edit_control);
+
 }  // namespace pixora

@@ -5,8 +5,8 @@
 namespace pixora {
 
 UniqueBitmap LoadPicture(int id, SIZE size, bool transparent) {
-    const UniqueBitmap source(static_cast<HBITMAP>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    const UniqueBitmap source(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id),
+                                                              IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     BITMAP facts{};
     if (!source || !GetObjectW(source.Get(), sizeof facts, &facts)) return UniqueBitmap();
     const HDC screen = GetDC(nullptr);
@@ -25,7 +25,8 @@ UniqueBitmap LoadPicture(int id, SIZE size, bool transparent) {
         TransparentBlt(to.Get(), 0, 0, size.cx, size.cy, from.Get(), 0, 0, facts.bmWidth, facts.bmHeight,
                        GetPixel(from.Get(), 0, 0));
     } else {
-        StretchBlt(to.Get(), 0, 0, size.cx, size.cy, from.Get(), 0, 0, facts.bmWidth, facts.bmHeight, SRCCOPY);
+        StretchBlt(to.Get(), 0, 0, size.cx, size.cy, from.Get(), 0, 0, facts.bmWidth, facts.bmHeight,
+                   SRCCOPY);
     }
     return target;
 }

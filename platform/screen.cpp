@@ -80,7 +80,6 @@ void MoveWindowTo(HWND window, POINT top_left) {
     SetWindowPos(window, nullptr, top_left.x, top_left.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-
 BusyCursor::BusyCursor() noexcept : previous_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
 BusyCursor::~BusyCursor() {
     SetCursor(previous_);

@@ -81,7 +81,9 @@ void COneshotMsgPos::OnTimer(UINT_PTR id) {
     if (id == kCloseTimer) EndModal(1);
 }
 
-void ShowErrorBox(HWND owner, const Message& message) { CConfirmErr(ErrorBox(message), true).RunModal(owner); }
+void ShowErrorBox(HWND owner, const Message& message) {
+    CConfirmErr(ErrorBox(message), true).RunModal(owner);
+}
 
 void ShowErrorBox(HWND owner, const std::wstring& caption_suffix, const std::wstring& line1,
                   const std::wstring& line2, const std::wstring& line3) {

@@ -50,13 +50,15 @@ void CAboutBox::OnInit() {
     underlined_ = MakeUnderlined(link);
     // Only the text itself is to be clicked, not the rest of its line.
     const SIZE line = SizeOf(ScreenRectangle(link));
-    SetWindowPos(link, nullptr, 0, 0, TextExtent(link).cx, line.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(link, nullptr, 0, 0, TextExtent(link).cx, line.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     banner_ = ShowPicture(Item(IDC_IDENTITY_PICTURE), IDB_BANNER);
 }
 
 Handled CAboutBox::OnCommand(const Command& command) {
     if (command.id != kLinkControl || command.code != STN_CLICKED) return Handled::no;
-    ShellExecuteW(Window(), L"open", std::wstring(kWebAddressToOpen).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    ShellExecuteW(Window(), L"open", std::wstring(kWebAddressToOpen).c_str(), nullptr, nullptr,
+                  SW_SHOWNORMAL);
     link_visited_ = true;
     return Handled::yes;
 }
@@ -89,7 +91,8 @@ void CPleaseWait::OnInit() {
 void CPleaseWait::Show(HWND owner) {
     if (!CreateModeless(owner)) return;
     ShowWindow(Window(), SW_SHOWNOACTIVATE);
-    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    RedrawWindow(Window(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
     GdiFlush();
 }
 

@@ -31,15 +31,16 @@ Handled CValueEntry::OnCommand(const Command& command) {
 
 Handled CValueEntry::Filter(MSG& message) {
     switch (keys_.Test(message.message, message.wParam)) {
-    case EntryKey::enter:
-        entry_.EntryText = Text(IDC_VALUE_EDIT);
-        Take(entry_.ApplyEntry(limit_));
-        return Handled::yes;
-    case EntryKey::escape:
-        entry_.Restore();
-        ShowEntry();
-        return Handled::yes;
-    default: return Handled::no;
+        case EntryKey::enter:
+            entry_.EntryText = Text(IDC_VALUE_EDIT);
+            Take(entry_.ApplyEntry(limit_));
+            return Handled::yes;
+        case EntryKey::escape:
+            entry_.Restore();
+            ShowEntry();
+            return Handled::yes;
+        default:
+            return Handled::no;
     }
 }
 
@@ -54,6 +55,8 @@ void CValueEntry::Take(ValueEntryResult result) {
     keys_.Forget();
 }
 
-void CValueEntry::ShowEntry() { SetText(IDC_VALUE_EDIT, entry_.EntryText); }
+void CValueEntry::ShowEntry() {
+    SetText(IDC_VALUE_EDIT, entry_.EntryText);
+}
 
 }  // namespace pixora

@@ -12,12 +12,14 @@ namespace pixora {
 
 namespace {
 
-ScreenRect ToScreenRect(const RECT& r) { return {r.left, r.top, r.right, r.bottom}; }
+ScreenRect ToScreenRect(const RECT& r) {
+    return {r.left, r.top, r.right, r.bottom};
+}
 
 }  // namespace
 
-OptionWindow::OptionWindow(int template_id, OptionDialog kind, WindowKind hide_kind, bool SharedFlags::*open_flag,
-                           OptionContext context)
+OptionWindow::OptionWindow(int template_id, OptionDialog kind, WindowKind hide_kind,
+                           bool SharedFlags::*open_flag, OptionContext context)
     : Dialog(template_id),
       kind_(kind),
       hide_kind_(hide_kind),
@@ -99,7 +101,9 @@ CRegionStyle::CRegionStyle(OptionContext context)
     : OptionWindow(IDD_REGION_STYLE, OptionDialog::region_style, WindowKind::region_style,
                    &SharedFlags::region_style_open, std::move(context)) {}
 
-void CRegionStyle::OnChanged(int) { Flags().redraw_viewer.fill(true); }
+void CRegionStyle::OnChanged(int) {
+    Flags().redraw_viewer.fill(true);
+}
 
 CMainOption::CMainOption(OptionContext context)
     : OptionWindow(IDD_MAIN_OPTION, OptionDialog::main_option, WindowKind::main_option,

@@ -1,0 +1,9 @@
+// Where the program starts.
+#include <windows.h>
+
+#include "app/windows/pixora_app.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    pixora::CPixoraApp().InitInstance();
+    return 0;
+}
