@@ -119,9 +119,11 @@ private:
 
     std::optional<Message> WriteTiffCopies() {
         switch (type_.bits) {
-            case 16: return Write16BitCopies();
+            case 16:
+                return Write16BitCopies();
             case 8:
-            case 12: return WriteByteCopy();
+            case 12:
+                return WriteByteCopy();
             default:
                 return Error(L"This TIFF file is " + FormatWhole(type_.bits) + L"-bit.",
                              L"Only 8, 12, and 16-bit formats are supported.");

@@ -33,8 +33,8 @@ struct ImportResult {
     Message message;                   ///< what to show otherwise; all empty when there is nothing to say
 };
 
-/// Runs the whole import. On success the display copy (and for TIFF the data copy) of the record's slot exist;
-/// on failure the slot is free again. Never throws.
+/// Runs the whole import. On success the display copy (and for TIFF the data copy) of the record's slot
+/// exist; on failure the slot is free again. Never throws.
 [[nodiscard]] ImportResult ImportImage(const ImportRequest& request) noexcept;
 
 }  // namespace pixora

@@ -37,12 +37,13 @@ public:
         std::size_t bytes;  ///< that the file held
         std::size_t whole;  ///< the same, rounded up to whole units
     };
-    /// Reads from the current position, `target.size()` being a whole number of units of `unit` bytes. What the file
-    /// lacks of the last unit that it holds a part of is zero in `target`.
+    /// Reads from the current position, `target.size()` being a whole number of units of `unit` bytes. What
+    /// the file lacks of the last unit that it holds a part of is zero in `target`.
     [[nodiscard]] Units ReadUnits(std::span<std::byte> target, std::size_t unit);
     /// Writes all of `source`. @return false when any of it could not be written.
     [[nodiscard]] bool Write(std::span<const std::byte> source);
-    /// Makes the file at least `size` bytes long; what is added reads as zero and need not take space on the disk.
+    /// Makes the file at least `size` bytes long; what is added reads as zero and need not take space on the
+    /// disk.
     [[nodiscard]] bool ExtendTo(std::uint64_t size);
     /// Closes; the file must not be used afterwards. @return false when data was lost.
     [[nodiscard]] bool Close();
@@ -59,7 +60,8 @@ private:
 /// folder and renamed over the target by Commit(); removed again by the destructor otherwise.
 class AtomicFile {
 public:
-    /// @return nothing when the target is write-protected or is a folder, or the temporary file cannot be made.
+    /// @return nothing when the target is write-protected or is a folder, or the temporary file cannot be
+    /// made.
     [[nodiscard]] static std::optional<AtomicFile> Create(const std::filesystem::path& target);
     AtomicFile(AtomicFile&& other) noexcept;
     AtomicFile& operator=(AtomicFile&& other) noexcept;
@@ -77,7 +79,8 @@ private:
 };
 
 /// The whole file, or nothing when it cannot be opened, read or is longer than `limit` bytes.
-[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::filesystem::path& path, std::uint64_t limit);
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::filesystem::path& path,
+                                                       std::uint64_t limit);
 /// Replaces the file by `bytes`, whole or not at all.
 [[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view bytes);
 /// Deletes the file if it exists, write-protected or not; never fails loudly.

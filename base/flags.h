@@ -1,5 +1,5 @@
-// Every flag that windows share. Nothing is pushed between windows: whoever wants something sets a flag, and the
-// window it is meant for finds it at its next 100 ms tick and clears it.
+// Every flag that windows share. Nothing is pushed between windows: whoever wants something sets a flag, and
+// the window it is meant for finds it at its next 100 ms tick and clears it.
 #pragma once
 
 #include <array>
@@ -32,20 +32,21 @@ struct SharedFlags {
 
     /// The slot has a viewer. Set and cleared by the viewer; read by the main window (menu, Close All Files).
     SlotFlags viewer_open{};
-    /// Asks the slot's viewer to close. Set by the main window (Close All Files, Exit); read and cleared by the
-    /// viewer; cleared by the main window before it creates a viewer, so that no request outlives its viewer.
+    /// Asks the slot's viewer to close. Set by the main window (Close All Files, Exit); read and cleared by
+    /// the viewer; cleared by the main window before it creates a viewer, so that no request outlives its
+    /// viewer.
     SlotFlags close_viewer{};
     /// A viewer has been created in the slot. Cleared and set by the main window around a viewer's creation;
     /// every size change of the main window except minimising sets all eight. Decides nothing.
     SlotFlags created{};
-    /// Asks the slot's viewer to take over changed settings. Set by the option dialogs; read and cleared by the
-    /// viewer.
+    /// Asks the slot's viewer to take over changed settings. Set by the option dialogs; read and cleared by
+    /// the viewer.
     SlotFlags redraw_viewer{};
 
     /// How many viewers are open. Raised and lowered by the viewers; shown in the main window's title.
     int open_viewers = 0;
-    /// Asks the main window to show the stored display size again. Set by the main window and by a viewer that
-    /// stored a new default size; cleared by the main window.
+    /// Asks the main window to show the stored display size again. Set by the main window and by a viewer
+    /// that stored a new default size; cleared by the main window.
     bool refresh_main = false;
 
     /// The option dialog of that kind is open. Set by the dialog at its start and cleared by it when it is

@@ -26,11 +26,26 @@ std::wstring_view WithoutLeadingBlanks(std::wstring_view text) {
 std::string NumberCharacters(std::wstring_view text) {
     std::string number;
     for (const wchar_t c : text) {
-        const bool belongs = IsDecimalDigit(c) || c == L'.' || c == L'e' || c == L'E' || c == L'+' || c == L'-';
+        const bool belongs =
+            IsDecimalDigit(c) || c == L'.' || c == L'e' || c == L'E' || c == L'+' || c == L'-';
         if (!belongs) break;
         number.push_back(static_cast<char>(c));
     }
     return number;
+}
+
+// Tells for a number beyond the range of a double whether it is too large or too small; from_chars says the
+// same of both. What counts is the place of the first digit that is not zero, moved by the exponent.
+bool IsHuge(std::string_view number) {
+    const std::string_view digits = number.substr(0, number.find_first_of("eE"));
+    const std::size_t first = digits.find_first_of("123456789");
+    if (first == std::string_view::npos) return false;
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    std::int64_t exponent = 0;
+    if (digits.size() < number.size())
+        exponent = ParseWhole(
+            std::wstring(number.begin() + static_cast<std::ptrdiff_t>(digits.size()) + 1, number.end()));
+    return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + exponent > 0;
 }
 
 template <typename Print>
@@ -56,14 +71,10 @@ double ParseDecimal(std::wstring_view text) {
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     if (result.ec == std::errc::invalid_argument) return 0.0;
-    if (result.ec == std::errc::result_out_of_range) {
-        // from_chars leaves the value alone both when it is too large and when it is too small.
-        const bool tiny = number.find("e-") != std::string::npos || number.find("E-") != std::string::npos ||
-                          number.starts_with("0.") || number.starts_with("-0.") || number.starts_with(".");
-        const double largest = std::numeric_limits<double>::max();
-        return tiny ? 0.0 : (number.starts_with('-') ? -largest : largest);
-    }
-    return value;
+    if (result.ec != std::errc::result_out_of_range) return value;
+    if (!IsHuge(number)) return 0.0;
+    const double largest = std::numeric_limits<double>::max();
+    return number.starts_with('-') ? -largest : largest;
 }
 
 std::optional<double> ParseRatio(std::wstring_view text) {

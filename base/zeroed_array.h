@@ -12,8 +12,8 @@
 
 namespace pixora {
 
-/// `count` elements, all zero. The system hands out such memory page by page as it is touched, so an array for a
-/// whole image costs nothing until it is filled and is not passed over twice.
+/// `count` elements, all zero. The system hands out such memory page by page as it is touched, so an array
+/// for a whole image costs nothing until it is filled and is not passed over twice.
 template <typename T>
 class ZeroedArray {
     static_assert(std::is_trivially_copyable_v<T>);

@@ -20,8 +20,8 @@ using Palette = std::array<std::byte, 256 * 4>;
 // The result when the source is accepted; everything that refuses by the header alone comes first.
 ReadResult CheckHeader(const BmpHeader& header) {
     if (header.width == 0 || header.height == 0) return ReadResult::invalid;
-    // Deliberate: the bit depth is looked at before the compression, so a run-length 4-bit file is refused as a
-    // 4-bit file.
+    // Deliberate: the bit depth is looked at before the compression, so a run-length 4-bit file is refused as
+    // a 4-bit file.
     if (header.bit_count == 1) return ReadResult::bmp_1_bit;
     if (header.bit_count == 4) return ReadResult::bmp_4_bit;
     if (header.compression != 0) return ReadResult::compressed;
@@ -44,7 +44,8 @@ bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume con
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), total - done));
         const auto [got, whole] = file.ReadUnits(std::span(block).first(wanted), unit);
         if (got == 0) break;
-        if (!consume(std::span<const std::byte>(block).first(got), std::span<const std::byte>(block).first(whole)))
+        if (!consume(std::span<const std::byte>(block).first(got),
+                     std::span<const std::byte>(block).first(whole)))
             return false;
         done += got;
         if (got < wanted) break;
@@ -52,8 +53,8 @@ bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume con
     return true;
 }
 
-// 24 bits: the display copy is the source itself. Its rows are looked at in file order, since only whether any
-// pixel has colour is asked.
+// 24 bits: the display copy is the source itself. Its rows are looked at in file order, since only whether
+// any pixel has colour is asked.
 BmpConversion Copy24(File& source, const BmpHeader& header, const fs::path& display_copy) {
     BmpConversion conversion{.bit_count = header.bit_count};
     DeleteQuietly(display_copy);
@@ -104,31 +105,34 @@ void Read8BottomUp(File& source, const BmpHeader& header, const Palette& palette
     std::vector<std::byte> triples(std::size_t{3} * header.width);
     static_cast<void>(ForEachBlock(source, std::uint64_t{stride} * header.height, stride,
                                    [&](std::span<const std::byte> got, std::span<const std::byte> whole) {
-        for (std::size_t row = 0; row < whole.size(); row += stride) {
-            // A row that is cut off ends there; its missing pixels are no indices into the palette.
-            const std::size_t pixels = std::min<std::size_t>(header.width, got.size() - row);
-            std::fill(triples.begin(), triples.end(), std::byte{});
-            for (std::size_t x = 0; x < pixels; ++x) {
-                const std::byte* entry = &palette[4 * std::to_integer<std::size_t>(whole[row + x])];
-                std::copy_n(entry, 3, &triples[3 * x]);
-            }
-            sink.Take(triples);
-        }
-        return true;
-    }));
+                                       for (std::size_t row = 0; row < whole.size(); row += stride) {
+                                           // A row that is cut off ends there; its missing pixels are no
+                                           // indices into the palette.
+                                           const std::size_t pixels =
+                                               std::min<std::size_t>(header.width, got.size() - row);
+                                           std::fill(triples.begin(), triples.end(), std::byte{});
+                                           for (std::size_t x = 0; x < pixels; ++x) {
+                                               const std::byte* entry =
+                                                   &palette[4 * std::to_integer<std::size_t>(whole[row + x])];
+                                               std::copy_n(entry, 3, &triples[3 * x]);
+                                           }
+                                           sink.Take(triples);
+                                       }
+                                       return true;
+                                   }));
 }
 
-// Deliberate: top-down 8-bit files show their palette indices as grey levels and have no padding, so their rows
-// drift when the width is not a multiple of four.
+// Deliberate: top-down 8-bit files show their palette indices as grey levels and have no padding, so their
+// rows drift when the width is not a multiple of four.
 void Read8TopDown(File& source, const BmpHeader& header, PictureSink& sink) {
     std::vector<std::byte> triples;
     static_cast<void>(ForEachBlock(source, std::uint64_t{header.width} * header.height, 1,
                                    [&](std::span<const std::byte> got, auto) {
-        triples.resize(3 * got.size());
-        RepeatGrey(got, triples);
-        sink.Take(triples);
-        return true;
-    }));
+                                       triples.resize(3 * got.size());
+                                       RepeatGrey(got, triples);
+                                       sink.Take(triples);
+                                       return true;
+                                   }));
 }
 
 BmpConversion ConvertPixels(File& source, const BmpHeader& header, const fs::path& display_copy) {

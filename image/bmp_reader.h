@@ -33,9 +33,9 @@ struct BmpConversion {
     std::uint32_t bit_count = 0;  ///< of the source, once its header could be read
 };
 
-/// Decides whether a BMP file is accepted, tells whether it is colour, and writes its display copy: byte for byte
-/// for a 24-bit source, as a new 24-bit BMP for 8 and 32 bits. The source is read once. What a short file does
-/// not hold is black; one without any pixel data is invalid.
+/// Decides whether a BMP file is accepted, tells whether it is colour, and writes its display copy: byte for
+/// byte for a 24-bit source, as a new 24-bit BMP for 8 and 32 bits. The source is read once. What a short
+/// file does not hold is black; one without any pixel data is invalid.
 /// @return `accepted` with no copy written when the source cannot be opened.
 [[nodiscard]] BmpConversion ConvertBmp(const std::filesystem::path& source,
                                        const std::filesystem::path& display_copy);

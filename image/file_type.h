@@ -10,15 +10,16 @@
 namespace pixora {
 
 struct FileType {
-    bool opened = false;                          ///< false: the file cannot be read at all
-    ImageFileKind kind = ImageFileKind::unknown;  ///< bmp, tiff_little or tiff_big when the signature is known
-    std::uint32_t bits = 8;                       ///< per sample: 8 for BMP, what the header says for TIFF
-    TiffHeader tiff{};                            ///< of a TIFF
+    bool opened = false;  ///< false: the file cannot be read at all
+    ImageFileKind kind =
+        ImageFileKind::unknown;  ///< bmp, tiff_little or tiff_big when the signature is known
+    std::uint32_t bits = 8;      ///< per sample: 8 for BMP, what the header says for TIFF
+    TiffHeader tiff{};           ///< of a TIFF
     [[nodiscard]] bool Known() const { return kind != ImageFileKind::unknown; }
 };
 
-/// Tells the kind by the first bytes: "BM", "II" and 42, or "MM" and 42. A damaged TIFF header does not make the
-/// file unknown; its depth then follows the fields that could be read.
+/// Tells the kind by the first bytes: "BM", "II" and 42, or "MM" and 42. A damaged TIFF header does not make
+/// the file unknown; its depth then follows the fields that could be read.
 [[nodiscard]] FileType DetectFileType(const std::filesystem::path& path);
 
 }  // namespace pixora

@@ -50,7 +50,8 @@ bool IsTemporaryCopyName(std::wstring_view file_name) {
 void DeleteTemporaryCopies(const fs::path& data_folder) {
     std::vector<fs::path> copies;
     std::error_code error;
-    for (fs::directory_iterator entry(data_folder, error), end; !error && entry != end; entry.increment(error))
+    for (fs::directory_iterator entry(data_folder, error), end; !error && entry != end;
+         entry.increment(error))
         if (IsTemporaryCopyName(WideText(entry->path().filename()))) copies.push_back(entry->path());
     for (const fs::path& copy : copies) DeleteQuietly(copy);
 }

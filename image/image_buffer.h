@@ -20,30 +20,37 @@ inline constexpr std::size_t kMaxFileName = 259;
 inline constexpr std::uint32_t kMaxImageSide = 65535;
 
 /// What kind of file an image came from; `bin` is only ever the kind of a data copy.
-enum class ImageFileKind : std::uint32_t { none = 0, bmp = 1, tiff_little = 2, tiff_big = 3, bin = 4, unknown = 9 };
+enum class ImageFileKind : std::uint32_t {
+    none = 0,
+    bmp = 1,
+    tiff_little = 2,
+    tiff_big = 3,
+    bin = 4,
+    unknown = 9
+};
 
 /// The facts of an opened image. The pixels are not here: they live in the two temporary copies that the
 /// record names and in the viewer's sample buffer. The default values are those of a new record.
 struct ImageBuffer {
-    std::uint8_t slot = 0;                ///< 0 .. kMaxImages - 1; the number in the names of the copies
-    std::wstring file_name;               ///< of the source, at most kMaxFileName characters
-    std::wstring source_path;             ///< full path of the file that the user opened
-    std::filesystem::path display_copy;   ///< 24-bit BMP that the viewer paints from
-    std::filesystem::path data_copy;      ///< full-depth samples of a TIFF; empty for BMP
-    std::wstring display_size;            ///< ratio text that the viewer starts with, for example L"1.00"
-    std::wstring spare_text;              ///< empty after an import
-    std::uint32_t stored_bits = 0;        ///< TIFF only: BitsPerSample of the file
-    std::uint8_t raw_data = 0;            ///< 1 when the data copy is a ".bin" file of 16-bit samples
-    std::uint32_t valid_bits = 0;         ///< TIFF only: significant bits per sample
-    std::uint8_t spare_flag = 0;          ///< not set by the import
+    std::uint8_t slot = 0;               ///< 0 .. kMaxImages - 1; the number in the names of the copies
+    std::wstring file_name;              ///< of the source, at most kMaxFileName characters
+    std::wstring source_path;            ///< full path of the file that the user opened
+    std::filesystem::path display_copy;  ///< 24-bit BMP that the viewer paints from
+    std::filesystem::path data_copy;     ///< full-depth samples of a TIFF; empty for BMP
+    std::wstring display_size;           ///< ratio text that the viewer starts with, for example L"1.00"
+    std::wstring spare_text;             ///< empty after an import
+    std::uint32_t stored_bits = 0;       ///< TIFF only: BitsPerSample of the file
+    std::uint8_t raw_data = 0;           ///< 1 when the data copy is a ".bin" file of 16-bit samples
+    std::uint32_t valid_bits = 0;        ///< TIFF only: significant bits per sample
+    std::uint8_t spare_flag = 0;         ///< not set by the import
     ImageFileKind file_kind = ImageFileKind::none;
     ImageFileKind data_kind = ImageFileKind::none;
-    std::uint16_t width = 0;              ///< pixels
-    std::uint16_t height = 0;             ///< pixels
-    std::uint8_t colour = 0;              ///< 1 for a colour image, 0 for a grey one
-    std::wstring pixel_format = L"Mono8"; ///< "Mono" or "RGB" and the bits per sample
-    std::uint32_t bits_per_sample = 8;    ///< of the source file: 8 for BMP; 8, 12 or 16 for TIFF
-    std::uint32_t bmp_bit_count = 0;      ///< BMP only: 8, 24 or 32
+    std::uint16_t width = 0;                  ///< pixels
+    std::uint16_t height = 0;                 ///< pixels
+    std::uint8_t colour = 0;                  ///< 1 for a colour image, 0 for a grey one
+    std::wstring pixel_format = L"Mono8";     ///< "Mono" or "RGB" and the bits per sample
+    std::uint32_t bits_per_sample = 8;        ///< of the source file: 8 for BMP; 8, 12 or 16 for TIFF
+    std::uint32_t bmp_bit_count = 0;          ///< BMP only: 8, 24 or 32
     std::array<std::uint16_t, 8> state_16{};  ///< kept with the record, zero after an import
     std::array<std::uint64_t, 8> state_64{};  ///< kept with the record, zero after an import
 };

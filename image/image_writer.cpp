@@ -47,7 +47,8 @@ bool WriteRows(File& file, std::span<const std::uint16_t> samples, const BmpRows
 bool WriteBmp(const fs::path& path, const ByteBuilder& header, std::span<const std::uint16_t> samples,
               const BmpRows& rows) {
     std::optional<AtomicFile> file = AtomicFile::Create(path);
-    return file && file->Out().Write(header.Bytes()) && WriteRows(file->Out(), samples, rows) && file->Commit();
+    return file && file->Out().Write(header.Bytes()) && WriteRows(file->Out(), samples, rows) &&
+           file->Commit();
 }
 
 // The samples of a file in its own channel order: red, green, blue.
@@ -55,7 +56,8 @@ void SwapRedAndBlue(std::span<std::uint16_t> samples) {
     for (std::size_t i = 0; i + 3 <= samples.size(); i += 3) std::swap(samples[i], samples[i + 2]);
 }
 
-bool WriteTiff(const fs::path& path, std::span<const std::uint16_t> samples, const TiffImage& image, int bits) {
+bool WriteTiff(const fs::path& path, std::span<const std::uint16_t> samples, const TiffImage& image,
+               int bits) {
     std::optional<AtomicFile> file = AtomicFile::Create(path);
     if (!file || !file->Out().Write(TiffFileHeader(image, bits).Bytes())) return false;
     constexpr std::size_t kBlockSamples = kBlockBytes / 6 * 3;
@@ -68,7 +70,8 @@ bool WriteTiff(const fs::path& path, std::span<const std::uint16_t> samples, con
         if (image.colour) SwapRedAndBlue(block);
         bytes.resize(block.size());
         if (bits == 8) NarrowSamples(block, 0, bytes);
-        if (!file->Out().Write(bits == 8 ? std::span<const std::byte>(bytes) : std::as_bytes(std::span(block))))
+        if (!file->Out().Write(bits == 8 ? std::span<const std::byte>(bytes)
+                                         : std::as_bytes(std::span(block))))
             return false;
     }
     return file->Commit();

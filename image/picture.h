@@ -20,7 +20,8 @@ class Picture {
 public:
     /// @param width, height  in pixels, at least 1.
     /// @return nothing when the memory (three bytes a pixel) cannot be had.
-    [[nodiscard]] static std::optional<Picture> Make(std::uint32_t width, std::uint32_t height, RowOrder order);
+    [[nodiscard]] static std::optional<Picture> Make(std::uint32_t width, std::uint32_t height,
+                                                     RowOrder order);
 
     /// Takes the next pixels, three bytes each: blue, green, red. Pixels beyond the image are ignored.
     void Append(std::span<const std::byte> triples);

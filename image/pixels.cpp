@@ -48,11 +48,12 @@ void Rgb8(std::span<const std::byte> stored, std::span<std::uint16_t> samples) {
 
 void Bgrx8(std::span<const std::byte> stored, std::span<std::uint16_t> samples) {
     for (std::size_t i = 0, o = 0; i + 4 <= stored.size(); i += 4, o += 3)
-        for (std::size_t channel = 0; channel < 3; ++channel) samples[o + channel] = Byte(stored[i + channel]);
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            samples[o + channel] = Byte(stored[i + channel]);
 }
 
-// One pixel is three words; a whole pixel at a time goes through one register, except for the last, beyond which
-// eight bytes could not be read.
+// One pixel is three words; a whole pixel at a time goes through one register, except for the last, beyond
+// which eight bytes could not be read.
 void Rgb16(std::span<const std::byte> stored, std::span<std::uint16_t> samples) {
     const std::size_t pixels = stored.size() / 6;
     const std::byte* in = stored.data();
@@ -78,17 +79,29 @@ void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::sp
         case PixelLayout::mono8:
             for (std::size_t i = 0; i < stored.size(); ++i) samples[i] = Byte(stored[i]);
             break;
-        case PixelLayout::mono12: Mono12(stored, samples); break;
+        case PixelLayout::mono12:
+            Mono12(stored, samples);
+            break;
         case PixelLayout::mono14:
             Words(stored, samples);
             for (std::uint16_t& sample : samples) sample = static_cast<std::uint16_t>(sample >> 2);
             break;
         case PixelLayout::mono10:
-        case PixelLayout::mono16: Words(stored, samples); break;
-        case PixelLayout::rgb8: Rgb8(stored, samples); break;
-        case PixelLayout::rgb12: Rgb12(stored, samples); break;
-        case PixelLayout::rgb16: Rgb16(stored, samples); break;
-        case PixelLayout::bgrx8: Bgrx8(stored, samples); break;
+        case PixelLayout::mono16:
+            Words(stored, samples);
+            break;
+        case PixelLayout::rgb8:
+            Rgb8(stored, samples);
+            break;
+        case PixelLayout::rgb12:
+            Rgb12(stored, samples);
+            break;
+        case PixelLayout::rgb16:
+            Rgb16(stored, samples);
+            break;
+        case PixelLayout::bgrx8:
+            Bgrx8(stored, samples);
+            break;
     }
 }
 
@@ -100,9 +113,12 @@ void NarrowSamples(std::span<const std::uint16_t> samples, int shift, std::span<
 void RepeatGrey(std::span<const std::byte> grey, std::span<std::byte> triples) {
     std::size_t i = 0;
     for (; i + 4 <= grey.size(); i += 4) {  // four pixels make three words
-        const auto a = std::to_integer<std::uint32_t>(grey[i]), b = std::to_integer<std::uint32_t>(grey[i + 1]);
-        const auto c = std::to_integer<std::uint32_t>(grey[i + 2]), d = std::to_integer<std::uint32_t>(grey[i + 3]);
-        const std::uint32_t words[] = {a * 0x010101 | b << 24, b * 0x0101 | c * 0x01010000, c | d * 0x01010100};
+        const auto a = std::to_integer<std::uint32_t>(grey[i]),
+                   b = std::to_integer<std::uint32_t>(grey[i + 1]);
+        const auto c = std::to_integer<std::uint32_t>(grey[i + 2]),
+                   d = std::to_integer<std::uint32_t>(grey[i + 3]);
+        const std::uint32_t words[] = {a * 0x010101 | b << 24, b * 0x0101 | c * 0x01010000,
+                                       c | d * 0x01010100};
         std::memcpy(&triples[3 * i], words, sizeof words);
     }
     for (; i < grey.size(); ++i) triples[3 * i] = triples[3 * i + 1] = triples[3 * i + 2] = grey[i];

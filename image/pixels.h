@@ -9,15 +9,15 @@ namespace pixora {
 
 /// How pixels are stored in a file. Words are little-endian, whatever the byte order of the header.
 enum class PixelLayout {
-    mono8,    ///< one byte a pixel
-    mono10,   ///< one 16-bit word a pixel
-    mono12,   ///< two pixels in three bytes, high bits first
-    mono14,   ///< one 16-bit word a pixel, its two low bits dropped
-    mono16,   ///< one 16-bit word a pixel
-    rgb8,     ///< three bytes a pixel: red, green, blue
-    rgb12,    ///< two pixels in nine bytes, packed like mono12
-    rgb16,    ///< three 16-bit words a pixel: red, green, blue
-    bgrx8,    ///< four bytes a pixel: blue, green, red, not used
+    mono8,   ///< one byte a pixel
+    mono10,  ///< one 16-bit word a pixel
+    mono12,  ///< two pixels in three bytes, high bits first
+    mono14,  ///< one 16-bit word a pixel, its two low bits dropped
+    mono16,  ///< one 16-bit word a pixel
+    rgb8,    ///< three bytes a pixel: red, green, blue
+    rgb12,   ///< two pixels in nine bytes, packed like mono12
+    rgb16,   ///< three 16-bit words a pixel: red, green, blue
+    bgrx8,   ///< four bytes a pixel: blue, green, red, not used
 };
 
 /// The smallest piece of a layout that can be decoded by itself.
@@ -27,15 +27,22 @@ struct PixelUnit {
 };
 [[nodiscard]] constexpr PixelUnit UnitOf(PixelLayout layout) {
     switch (layout) {
-        case PixelLayout::mono8: return {1, 1};
+        case PixelLayout::mono8:
+            return {1, 1};
         case PixelLayout::mono10:
         case PixelLayout::mono14:
-        case PixelLayout::mono16: return {2, 1};
-        case PixelLayout::mono12: return {3, 2};
-        case PixelLayout::rgb8: return {3, 1};
-        case PixelLayout::rgb12: return {9, 2};
-        case PixelLayout::rgb16: return {6, 1};
-        case PixelLayout::bgrx8: return {4, 1};
+        case PixelLayout::mono16:
+            return {2, 1};
+        case PixelLayout::mono12:
+            return {3, 2};
+        case PixelLayout::rgb8:
+            return {3, 1};
+        case PixelLayout::rgb12:
+            return {9, 2};
+        case PixelLayout::rgb16:
+            return {6, 1};
+        case PixelLayout::bgrx8:
+            return {4, 1};
     }
     return {1, 1};
 }
@@ -47,7 +54,8 @@ struct PixelUnit {
 
 /// Decodes whole units.
 /// @param stored   a whole number of units.
-/// @param samples  as many pixels as the units hold, ChannelsOf(layout) samples each; colour in the order blue,
+/// @param samples  as many pixels as the units hold, ChannelsOf(layout) samples each; colour in the order
+/// blue,
 ///                 green, red. Values as stored, without any scaling.
 void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::span<std::uint16_t> samples);
 
@@ -58,7 +66,8 @@ void NarrowSamples(std::span<const std::uint16_t> samples, int shift, std::span<
 void RepeatGrey(std::span<const std::byte> grey, std::span<std::byte> triples);
 void RepeatGrey(std::span<const std::uint16_t> grey, std::span<std::uint16_t> triples);
 
-/// True when at least one pixel has unequal channels. A piece of a pixel at the end counts as if zeros followed.
+/// True when at least one pixel has unequal channels. A piece of a pixel at the end counts as if zeros
+/// followed.
 [[nodiscard]] bool HasColour(std::span<const std::byte> triples);
 
 }  // namespace pixora

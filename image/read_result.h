@@ -8,7 +8,7 @@ namespace pixora {
 /// Result codes of the readers. The import alone turns them into messages.
 enum class ReadResult : int {
     accepted = 0,
-    invalid = 1,         ///< the header is damaged, or there is not one byte of pixel data
+    invalid = 1,  ///< the header is damaged, or there is not one byte of pixel data
     compressed = 2,
     cmyk = 3,
     bmp_1_bit = 4,
@@ -20,14 +20,21 @@ enum class ReadResult : int {
 /// The message for a refusal; empty for `accepted` and `write_failed`.
 [[nodiscard]] constexpr std::wstring_view RefusalText(ReadResult result) {
     switch (result) {
-        case ReadResult::invalid: return L"This image file is invalid.";
-        case ReadResult::compressed: return L"Compressed files are not supported.";
-        case ReadResult::cmyk: return L"\"CMYK\" foramt files are not supported.";
-        case ReadResult::bmp_1_bit: return L"1-Bit BMP file is not supported.";
-        case ReadResult::bmp_4_bit: return L"4-Bit BMP file is not supported.";
-        case ReadResult::not_supported: return L"This file is not supported.";
+        case ReadResult::invalid:
+            return L"This image file is invalid.";
+        case ReadResult::compressed:
+            return L"Compressed files are not supported.";
+        case ReadResult::cmyk:
+            return L"\"CMYK\" foramt files are not supported.";
+        case ReadResult::bmp_1_bit:
+            return L"1-Bit BMP file is not supported.";
+        case ReadResult::bmp_4_bit:
+            return L"4-Bit BMP file is not supported.";
+        case ReadResult::not_supported:
+            return L"This file is not supported.";
         case ReadResult::accepted:
-        case ReadResult::write_failed: break;
+        case ReadResult::write_failed:
+            break;
     }
     return {};
 }

@@ -23,7 +23,8 @@ bool IsKnownDepth(std::uint32_t bits) {
 
 bool SaveTiff(const RegionPixels& region, const fs::path& path) {
     const TiffImage image{region.width, region.height, region.colour};
-    return region.bits == 8 ? WriteTiff8(path, region.samples, image) : WriteTiff16(path, region.samples, image);
+    return region.bits == 8 ? WriteTiff8(path, region.samples, image)
+                            : WriteTiff16(path, region.samples, image);
 }
 
 bool SaveBmp(const RegionPixels& region, const fs::path& path) {

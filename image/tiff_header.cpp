@@ -45,8 +45,10 @@ bool IsKept(std::uint16_t tag) {
         case kXResolution:
         case kYResolution:
         case kResolutionUnit:
-        case kColorMap: return true;
-        default: return false;
+        case kColorMap:
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -97,19 +99,44 @@ void Store(std::uint16_t tag, const EntryValues& values, std::uint64_t all_bytes
     if (values.Count() == 0) return;
     const std::uint32_t first = values.Value(0);
     switch (tag) {
-        case kImageWidth: info.width = first; break;
-        case kImageLength: info.height = first; break;
-        case kBitsPerSample: StoreBits(values, all_bytes, info); break;
-        case kCompression: info.compression = Narrow16(first); break;
-        case kPhotometricInterpretation: info.photometric = Narrow16(first); break;
-        case kStripOffsets: info.first_strip_offset = first; break;
-        case kRowsPerStrip: info.rows_per_strip = first; break;
-        case kStripByteCounts: info.strip_byte_count = first; break;
-        case kXResolution: StoreFraction(values, info.x_resolution); break;
-        case kYResolution: StoreFraction(values, info.y_resolution); break;
-        case kResolutionUnit: info.resolution_unit = Narrow16(first); break;
-        case kColorMap: info.colour_map = Narrow16(first); break;
-        default: break;
+        case kImageWidth:
+            info.width = first;
+            break;
+        case kImageLength:
+            info.height = first;
+            break;
+        case kBitsPerSample:
+            StoreBits(values, all_bytes, info);
+            break;
+        case kCompression:
+            info.compression = Narrow16(first);
+            break;
+        case kPhotometricInterpretation:
+            info.photometric = Narrow16(first);
+            break;
+        case kStripOffsets:
+            info.first_strip_offset = first;
+            break;
+        case kRowsPerStrip:
+            info.rows_per_strip = first;
+            break;
+        case kStripByteCounts:
+            info.strip_byte_count = first;
+            break;
+        case kXResolution:
+            StoreFraction(values, info.x_resolution);
+            break;
+        case kYResolution:
+            StoreFraction(values, info.y_resolution);
+            break;
+        case kResolutionUnit:
+            info.resolution_unit = Narrow16(first);
+            break;
+        case kColorMap:
+            info.colour_map = Narrow16(first);
+            break;
+        default:
+            break;
     }
 }
 
@@ -169,13 +196,13 @@ private:
             Store(tag, values, all_bytes, info);
             return true;
         }
-        // Deliberate: the first strip offset of a file with very many strips stays 0, so that its pixels are read
-        // from the start of the file.
+        // Deliberate: the first strip offset of a file with very many strips stays 0, so that its pixels are
+        // read from the start of the file.
         if (all_bytes >= kFetchLimit) return true;
         const std::uint64_t offset = U32(entry, 8);
         std::array<std::byte, kUsedValueBytes> fetched{};
-        const auto used = std::span(fetched).first(static_cast<std::size_t>(
-            std::min<std::uint64_t>(all_bytes, kUsedValueBytes)));
+        const auto used = std::span(fetched).first(
+            static_cast<std::size_t>(std::min<std::uint64_t>(all_bytes, kUsedValueBytes)));
         if (offset + all_bytes > size_ || !file_.ReadExactly(offset, used)) return false;
         values.bytes = used;
         Store(tag, values, all_bytes, info);

@@ -13,14 +13,14 @@ namespace pixora {
 /// What the first directory says. Values that do not fit their field hold its largest value.
 struct TiffInfo {
     std::uint32_t width = 0, height = 0;
-    /// BitsPerSample of channels 1 to 3, then the single value: one or two values set the single one and zero the
-    /// channels, three set the channels and zero the single one, four set all.
+    /// BitsPerSample of channels 1 to 3, then the single value: one or two values set the single one and zero
+    /// the channels, three set the channels and zero the single one, four set all.
     std::array<std::uint16_t, 4> bits{1, 1, 1, 1};
     std::uint16_t compression = 1;
     std::uint16_t photometric = 0;
     std::uint32_t first_strip_offset = 0;
     std::uint32_t rows_per_strip = 0;
-    std::uint32_t strip_byte_count = 0;  ///< of the first strip
+    std::uint32_t strip_byte_count = 0;                           ///< of the first strip
     std::array<std::uint32_t, 2> x_resolution{}, y_resolution{};  ///< numerator, denominator
     std::uint16_t resolution_unit = 0;
     std::uint16_t colour_map = 0;  ///< its first value
@@ -32,8 +32,8 @@ struct TiffInfo {
 
 struct TiffHeader {
     ImageFileKind kind = ImageFileKind::unknown;  ///< tiff_little, tiff_big, or unknown without a signature
-    bool complete = false;  ///< every part of the directory could be read
-    TiffInfo info;          ///< also when incomplete: the fields read so far
+    bool complete = false;                        ///< every part of the directory could be read
+    TiffInfo info;                                ///< also when incomplete: the fields read so far
 };
 
 /// Reads the header of an open file. Nothing is allocated by what the file claims beyond its own directory.

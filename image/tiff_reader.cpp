@@ -16,20 +16,26 @@ bool SizeIsKept(const TiffInfo& info) {
     return info.width <= kMaxImageSide && info.height <= kMaxImageSide;
 }
 
-// Reads the pixels of an uncompressed file straight through from its first strip, as if the strips were contiguous.
+// Reads the pixels of an uncompressed file straight through from its first strip, as if the strips were
+// contiguous.
 class PixelReader {
 public:
     PixelReader(File& file, const TiffInfo& info, PixelLayout layout)
-        : file_(file), layout_(layout), unit_(UnitOf(layout)), start_(info.first_strip_offset),
+        : file_(file),
+          layout_(layout),
+          unit_(UnitOf(layout)),
+          start_(info.first_strip_offset),
           pixels_(std::uint64_t{info.width} * info.height) {}
 
     [[nodiscard]] std::uint64_t Samples() const { return pixels_ * ChannelsOf(layout_); }
-    // Where the pixels start and end; a pixel that is no whole unit (the odd last one of packed 12 bits) is not read.
+    // Where the pixels start and end; a pixel that is no whole unit (the odd last one of packed 12 bits) is
+    // not read.
     [[nodiscard]] std::uint64_t Start() const { return start_; }
     [[nodiscard]] std::uint64_t End() const { return start_ + pixels_ / unit_.pixels * unit_.bytes; }
     [[nodiscard]] bool HasAnyPixelData() const { return start_ < file_.Size(); }
 
-    // Hands the samples to `take(bytes as read, samples)` block by block, what is missing of a last unit as zeros.
+    // Hands the samples to `take(bytes as read, samples)` block by block, what is missing of a last unit as
+    // zeros.
     // @return false when `take` said so.
     template <typename Take>
     bool ForEachBlock(Take take) {
@@ -114,11 +120,12 @@ bool ReadForDisplay(File& file, PixelReader& pixels, DisplayCopy& display, File*
     return all && (!copy || CopyRange(file, pixels.End(), file.Size(), *copy));
 }
 
-// The data copy while it is being made. With no given number of valid bits the first block decides; should a later
-// one prove it wrong, the copy is written once more when all samples have been seen.
+// The data copy while it is being made. With no given number of valid bits the first block decides; should a
+// later one prove it wrong, the copy is written once more when all samples have been seen.
 class DataCopy {
 public:
-    DataCopy(File& out, int given_bits) : out_(out), automatic_(!IsValidBitCount(given_bits)), bits_(given_bits) {}
+    DataCopy(File& out, int given_bits)
+        : out_(out), automatic_(!IsValidBitCount(given_bits)), bits_(given_bits) {}
 
     // Scales the samples in place. @return false when they could not be written.
     bool Take(std::span<std::uint16_t> samples) {
@@ -192,20 +199,30 @@ std::optional<PixelLayout> LayoutOf(const TiffInfo& info) {
     const std::uint32_t bits = DetectedBits(info);
     if (info.photometric == 1) {
         switch (bits) {
-            case 8: return PixelLayout::mono8;
-            case 10: return PixelLayout::mono10;
-            case 12: return PixelLayout::mono12;
-            case 14: return PixelLayout::mono14;
-            case 16: return PixelLayout::mono16;
-            default: return std::nullopt;
+            case 8:
+                return PixelLayout::mono8;
+            case 10:
+                return PixelLayout::mono10;
+            case 12:
+                return PixelLayout::mono12;
+            case 14:
+                return PixelLayout::mono14;
+            case 16:
+                return PixelLayout::mono16;
+            default:
+                return std::nullopt;
         }
     }
     if (info.photometric != 2) return std::nullopt;
     switch (bits) {
-        case 8: return PixelLayout::rgb8;
-        case 12: return PixelLayout::rgb12;
-        case 16: return PixelLayout::rgb16;
-        default: return std::nullopt;
+        case 8:
+            return PixelLayout::rgb8;
+        case 12:
+            return PixelLayout::rgb12;
+        case 16:
+            return PixelLayout::rgb16;
+        default:
+            return std::nullopt;
     }
 }
 
@@ -218,7 +235,8 @@ TiffConversion ConvertTiff(const fs::path& source, const fs::path& display_copy,
     std::optional<File> file = File::OpenForReading(source);
     if (!file) return {.result = ReadResult::not_supported};
     const TiffHeader header = ReadTiffHeader(*file);
-    if (const ReadResult result = CheckHeader(header); result != ReadResult::accepted) return {.result = result};
+    if (const ReadResult result = CheckHeader(header); result != ReadResult::accepted)
+        return {.result = result};
     const PixelLayout layout = *LayoutOf(header.info);
     TiffConversion conversion{.colour = header.info.photometric == 2};
     PixelReader pixels(*file, header.info, layout);
@@ -237,8 +255,8 @@ TiffConversion ConvertTiff(const fs::path& source, const fs::path& display_copy,
     return conversion;
 }
 
-Tiff16Conversion ConvertTiff16(const fs::path& source, const fs::path& display_copy, const fs::path& data_copy,
-                               int valid_bits) {
+Tiff16Conversion ConvertTiff16(const fs::path& source, const fs::path& display_copy,
+                               const fs::path& data_copy, int valid_bits) {
     std::optional<File> file = File::OpenForReading(source);
     if (!file) return {};
     const TiffHeader header = ReadTiffHeader(*file);

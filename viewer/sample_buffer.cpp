@@ -47,7 +47,8 @@ void ReadTiffCopy(File& file, Samples samples) {
     // An odd last pixel of packed 12 bits is not read.
     for (std::size_t units = samples.size() / 3 / unit.pixels; units > 0;) {
         const std::size_t wanted = std::min(units, stored.size() / unit.bytes);
-        const std::size_t whole = file.ReadUnits(std::span(stored).first(wanted * unit.bytes), unit.bytes).whole;
+        const std::size_t whole =
+            file.ReadUnits(std::span(stored).first(wanted * unit.bytes), unit.bytes).whole;
         const std::size_t pixels = whole / unit.bytes * unit.pixels;
         DecodePixels(*layout, std::span(stored).first(whole), decoded);
         const auto part = std::span<const std::uint16_t>(decoded).first(pixels * channels);

@@ -25,9 +25,9 @@ struct SampleBuffer {
     }
 };
 
-/// Reads the samples of an imported image from its temporary copies: the data copy of a TIFF, the display copy
-/// of a BMP (whichever way up it is stored). What a copy does not hold reads as zero; values beyond the depth
-/// are held at its largest value.
+/// Reads the samples of an imported image from its temporary copies: the data copy of a TIFF, the display
+/// copy of a BMP (whichever way up it is stored). What a copy does not hold reads as zero; values beyond the
+/// depth are held at its largest value.
 /// @return nothing when the copy cannot be opened or the memory cannot be had.
 [[nodiscard]] std::optional<SampleBuffer> ReadSampleBuffer(const ImageBuffer& image) noexcept;
 

@@ -28,8 +28,8 @@ TEST_CASE("a ratio is a finite number above zero, whatever follows it") {
 }
 
 TEST_CASE("texts that are no ratio are told apart") {
-    for (const wchar_t* text : {L"", L"---%", L"nan", L"inf", L"-1", L"0", L"0.000", L"0x10", L"1e999", L"1e-999",
-                                L"abc", L"-", L"+", L"+-1", L".", L"\uFF11", L"0,5"}) {
+    for (const wchar_t* text : {L"", L"---%", L"nan", L"inf", L"-1", L"0", L"0.000", L"0x10", L"1e999",
+                                L"1e-999", L"abc", L"-", L"+", L"+-1", L".", L"\uFF11", L"0,5"}) {
         CAPTURE(text);
         CHECK_FALSE(ParseRatio(text).has_value());
     }
@@ -51,4 +51,16 @@ TEST_CASE("numbers are written with a point, whatever the locale") {
     CHECK(FormatFixed(12.25, 1) == L"12.2");
     CHECK(FormatFixed(1e300, 1).size() == 303);
     CHECK(FormatWhole(-42) == L"-42");
+}
+
+TEST_CASE("numbers beyond the range of a double are huge or nothing") {
+    const double huge = std::numeric_limits<double>::max();
+    const std::wstring zeros(400, L'0');
+    CHECK(ParseDecimal(L"1e999") == huge);
+    CHECK(ParseDecimal(L"-1e999") == -huge);
+    CHECK(ParseDecimal(L"1" + zeros) == huge);
+    CHECK(ParseDecimal(L"00." + zeros + L"1") == 0.0);
+    CHECK(ParseDecimal(L"1e-999") == 0.0);
+    CHECK(ParseDecimal(L"1e99999999999999999999") == huge);
+    CHECK(ParseDecimal(L"1e-99999999999999999999") == 0.0);
 }
