@@ -1,0 +1,168 @@
+// A save that is interrupted at any moment leaves a whole file: a child process is stopped at each of its
+// system calls in turn, before and after the call, and killed there.
+#include <doctest/doctest.h>
+#include <sys/ptrace.h>
+#include <sys/resource.h>
+#include <sys/types.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "settings/settings_file.h"
+#include "tests/unit/support/scratch_folder.h"
+
+using namespace pixora;
+using pixora::test::ScratchFolder;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const UserFolders kOld{L"D:\\docs", L"D:\\pics"};
+const UserFolders kNew{L"E:\\other docs", L"E:\\other pics"};
+
+Settings Changed() {
+    Settings settings = DefaultSettings(kNew);
+    settings.AUTO_BIT = L"OFF";
+    settings.MAIN_POS = L"TR";
+    settings.MAIN_POS_X = L"-1234";
+    return settings;
+}
+
+/// Runs `work` in a child process. @return its exit status.
+int InChild(const std::function<int()>& work) {
+    const pid_t child = fork();
+    if (child == 0) _exit(work());
+    int status = 0;
+    REQUIRE(waitpid(child, &status, 0) == child);
+    REQUIRE(WIFEXITED(status));
+    return WEXITSTATUS(status);
+}
+
+/// Runs `work` in a child process and kills it at its `stop`-th entry to or return from a system call.
+/// @return false when the work was done before that.
+bool KilledAt(int stop, const std::function<void()>& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        work();
+        _exit(0);
+    }
+    int status = 0;
+    REQUIRE(waitpid(child, &status, 0) == child);
+    REQUIRE(WIFSTOPPED(status));
+    for (int i = 0; i < stop; ++i) {
+        REQUIRE(ptrace(PTRACE_SYSCALL, child, nullptr, nullptr) == 0);
+        REQUIRE(waitpid(child, &status, 0) == child);
+        if (WIFEXITED(status)) return false;
+    }
+    REQUIRE(kill(child, SIGKILL) == 0);
+    REQUIRE(waitpid(child, &status, 0) == child);
+    REQUIRE(WIFSIGNALED(status));
+    return true;
+}
+
+void RemoveLeftOvers(const ScratchFolder& folder) {
+    for (const auto& entry : fs::directory_iterator(folder.Path())) fs::remove(entry.path());
+}
+
+}  // namespace
+
+TEST_CASE("a program that dies while it writes one value leaves the old file or the new one") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    const std::string before = "A=old\r\nB=2\r\n.END\r\n";
+    const std::string after =
+        "\xEF\xBB\xBF"
+        "A=new\r\nB=2\r\n.END\r\n";
+    bool seen_old = false;
+    bool seen_new = false;
+    bool killed = true;
+    for (int stop = 1; killed; ++stop) {
+        RemoveLeftOvers(folder);
+        folder.Write("Pixora.ini", before);
+        killed = KilledAt(stop, [&] { static_cast<void>(PutSettingValue(path, L"A=", L"new")); });
+        const std::string bytes = folder.Read("Pixora.ini");
+        CHECK((bytes == before || bytes == after));
+        seen_old = seen_old || bytes == before;
+        seen_new = seen_new || (killed && bytes == after);
+    }
+    CHECK(seen_old);
+    CHECK(seen_new);
+}
+
+TEST_CASE("a program that dies during a save leaves a file with every key") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    const Settings before = DefaultSettings(kOld);
+    const Settings after = Changed();
+    // The sixteen values are written alike, so every eleventh moment meets each of them somewhere else.
+    constexpr int kStep = 11;
+    bool killed = true;
+    for (int stop = 1; killed; stop += kStep) {
+        RemoveLeftOvers(folder);
+        WriteDefaultSettingsFile(path, kOld);
+        killed = KilledAt(stop, [&] { static_cast<void>(SaveSettings(path, after)); });
+        Settings read;
+        REQUIRE(LoadSettings(path, read) == SettingsLoadResult::complete);
+        for (auto key : {&Settings::AUTO_BIT, &Settings::MAIN_POS, &Settings::MAIN_POS_X, &Settings::PATH_CSV,
+                         &Settings::PATH_OPEN, &Settings::PATH_SAVE, &Settings::IMG_SIZE})
+            CHECK((read.*key == before.*key || read.*key == after.*key));
+        if (!killed) CHECK(read == after);
+    }
+}
+
+TEST_CASE("a program that dies while it restores the defaults leaves the old file or the new one") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    bool killed = true;
+    for (int stop = 1; killed; ++stop) {
+        RemoveLeftOvers(folder);
+        WriteDefaultSettingsFile(path, kOld);
+        killed = KilledAt(stop, [&] { WriteDefaultSettingsFile(path, kNew); });
+        Settings read;
+        REQUIRE(LoadSettings(path, read) == SettingsLoadResult::complete);
+        CHECK((read == DefaultSettings(kOld) || read == DefaultSettings(kNew)));
+        if (!killed) CHECK(read == DefaultSettings(kNew));
+    }
+}
+
+TEST_CASE("a save on a full disk leaves the old file and nothing else") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    WriteDefaultSettingsFile(path, kOld);
+    const std::string before = folder.Read("Pixora.ini");
+    const int status = InChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{100, 100};  // bytes that a file may grow to: less than the settings take
+        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return 2;
+        WriteDefaultSettingsFile(path, kNew);
+        return SaveSettings(path, Changed()) ? 0 : 1;
+    });
+    CHECK(status == 0);  // a file that cannot be written is not reported
+    CHECK(folder.Read("Pixora.ini") == before);
+    CHECK(folder.Names() == "Pixora.ini");
+}
+
+TEST_CASE("a save into a write-protected folder leaves the old file and nothing else") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    WriteDefaultSettingsFile(path, kOld);
+    const std::string before = folder.Read("Pixora.ini");
+    fs::permissions(folder.Path(), fs::perms::all & ~fs::perms(0222));
+    const int status = InChild([&] {
+        constexpr uid_t kNobody = 65'534;  // nothing is write-protected from root
+        if (geteuid() == 0 && setuid(kNobody) != 0) return 2;
+        WriteDefaultSettingsFile(path, kNew);
+        return SaveSettings(path, Changed()) ? 0 : 1;
+    });
+    fs::permissions(folder.Path(), fs::perms::all);
+    CHECK(status == 0);
+    CHECK(folder.Read("Pixora.ini") == before);
+    CHECK(folder.Names() == "Pixora.ini");
+}
