@@ -32,6 +32,8 @@ void ThreeLineDialog::OnInit() {
     SetCaption(content_.caption);
     for (const BoxLine& line : content_.lines) {
         SetText(line.control, line.text);
+        // An empty line may lie over its neighbour.
+        ShowWindow(Item(line.control), line.text.empty() ? SW_HIDE : SW_SHOWNA);
         if (line.top) MoveLine(Item(line.control), *line.top);
     }
     if (centre_) CentreOnScreen(Window());
@@ -47,6 +49,15 @@ void CConfirmErr::OnInit() {
 
 CConfirmOK::CConfirmOK(BoxContent content, bool centre)
     : ThreeLineDialog(IDD_CONFIRM_OK, std::move(content), centre) {}
+
+void CConfirmOK::OnInit() {
+    ThreeLineDialog::OnInit();
+    const auto& [first, second, third] = content_.lines;
+    if (!second.text.empty() || !third.text.empty()) return;
+    // A single line stands in the middle, where the second one would.
+    const RECT middle = ClientRectangleOf(Item(second.control));
+    MoveWindowTo(Item(first.control), {middle.left, middle.top});
+}
 
 CConfirmYesCancel::CConfirmYesCancel(BoxContent content, bool centre)
     : ThreeLineDialog(IDD_CONFIRM_YES_CANCEL, std::move(content), centre) {}

@@ -23,8 +23,9 @@ protected:
         : Dialog(template_id), content_(std::move(content)), centre_(centre) {}
     void OnInit() override;
 
-private:
     BoxContent content_;
+
+private:
     bool centre_;
 };
 
@@ -42,6 +43,9 @@ private:
 class CConfirmOK final : public ThreeLineDialog {
 public:
     CConfirmOK(BoxContent content, bool centre);
+
+private:
+    void OnInit() override;
 };
 
 /// The question with OK and CANCEL.

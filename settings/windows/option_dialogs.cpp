@@ -35,9 +35,12 @@ bool OptionWindow::Open(HWND main_window) {
 }
 
 void OptionWindow::Place(HWND main_window) const {
+    RECT beside = ScreenRectangle(main_window);
+    // Each kind a little lower, so that the captions of all three can be seen.
+    OffsetRect(&beside, 0, static_cast<int>(kind_) * CaptionHeight(Window()));
     const SIZE size = SizeOf(ScreenRectangle(Window()));
-    const ScreenPoint corner = PlaceBeside(ToScreenRect(ScreenRectangle(main_window)), {size.cx, size.cy},
-                                           ToScreenRect(WorkAreaOf(main_window)));
+    const ScreenPoint corner =
+        PlaceBeside(ToScreenRect(beside), {size.cx, size.cy}, ToScreenRect(WorkAreaOf(main_window)));
     MoveWindowTo(Window(), {corner.x, corner.y});
 }
 
