@@ -34,6 +34,9 @@ namespace pixora {
 /// Moves a window; its size and place in the order of windows stay, and it is not activated.
 void MoveWindowTo(HWND window, POINT top_left);
 
+/// Paints a window, its frame and its children at once, for when no messages will be served for a while.
+void PaintNow(HWND window);
+
 /// Shows the busy cursor for as long as it lives.
 class [[nodiscard]] BusyCursor {
 public:

@@ -29,7 +29,10 @@ bool CImgImport::OpenImage(const std::filesystem::path& path) {
         request.display_size = settings_.IMG_SIZE;
         request.valid_bits = settings_.VALID_BITS;
         request.auto_bit = settings_.AUTO_BIT;
-        request.before_long_import = [&] { wait.Show(Window()); };
+        request.before_long_import = [&] {
+            wait.Show(Window());
+            PaintNow(Window());
+        };
         request.memory_limit = AvailableMemory();
         const ImportResult result = ImportImage(request);
         if (!result.image) {

@@ -91,9 +91,7 @@ void CPleaseWait::OnInit() {
 void CPleaseWait::Show(HWND owner) {
     if (!CreateModeless(owner)) return;
     ShowWindow(Window(), SW_SHOWNOACTIVATE);
-    RedrawWindow(Window(), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-    GdiFlush();
+    PaintNow(Window());
 }
 
 }  // namespace pixora
