@@ -20,9 +20,31 @@ BmpHeader Header(bool bottom_up) {
     return {.data_offset = 4, .width = 2, .height = 3, .bottom_up = bottom_up, .bit_count = 24};
 }
 
+std::filesystem::path TestFile() {
+    return std::filesystem::temp_directory_path() / "pixora_picture_rows_test.bmp";
+}
+
+// Whether a file of `size` bytes whose info header has the given size is ordinary, with 24 bytes of rows
+// at 54.
+bool Ordinary(std::size_t size, char info_size) {
+    std::string bytes(size, 'x');
+    if (size >= 18) bytes.replace(14, 4, {info_size, 0, 0, 0});
+    REQUIRE(WriteWholeFile(TestFile(), bytes));
+    BmpHeader header = Header(true);
+    header.data_offset = 54;
+    bool ordinary = false;
+    {
+        std::optional<File> file = File::OpenForReading(TestFile());
+        REQUIRE(file);
+        ordinary = IsOrdinaryPicture(*file, header);
+    }
+    DeleteQuietly(TestFile());
+    return ordinary;
+}
+
 // What ReadPictureRows makes of a file with these bytes; nothing when it refuses.
 std::optional<std::string> Rows(std::string_view file_bytes, const BmpHeader& header, std::size_t size = 24) {
-    const auto path = std::filesystem::temp_directory_path() / "pixora_picture_rows_test.bmp";
+    const std::filesystem::path path = TestFile();
     REQUIRE(WriteWholeFile(path, file_bytes));
     std::vector<std::byte> rows(size);
     bool read = false;
@@ -76,4 +98,19 @@ TEST_CASE("a picture of two gibibytes or more fits no bitmap") {
     CHECK(FitsBitmap(16384, 43690));        // 49,152 bytes a row: 2,147,450,880
     CHECK_FALSE(FitsBitmap(16384, 43691));  // 2,147,500,032
     CHECK_FALSE(FitsBitmap(4294967295u, 4294967295u));
+}
+
+TEST_CASE("a picture is ordinary when all of its rows are there") {
+    CHECK(Ordinary(78, 40));
+    CHECK(Ordinary(100, 40));
+    CHECK_FALSE(Ordinary(77, 40));
+    CHECK_FALSE(Ordinary(54, 40));
+    CHECK_FALSE(Ordinary(10, 40));
+}
+
+TEST_CASE("a picture is ordinary when its info header has a usual size") {
+    CHECK(Ordinary(78, 124));
+    CHECK_FALSE(Ordinary(78, 125));
+    CHECK_FALSE(Ordinary(78, 39));
+    CHECK_FALSE(Ordinary(78, 12));
 }

@@ -128,9 +128,12 @@ void CImageCanvas::PaintBuffered(HDC screen, const RECT& dirty, const CanvasPlan
     const PixelSize size = SizeOf(FromWin(dirty));
     const LONG rows = std::min<LONG>(size.height, std::max<LONG>(1, kBufferPixels / size.width));
     const UniqueMemoryDc buffer(CreateCompatibleDC(screen));
-    const UniqueBitmap bitmap(CreateCompatibleBitmap(screen, size.width, rows));
+    // Of the picture's own format: StretchBlt may otherwise convert the whole picture before it drops most of
+    // it.
+    const std::optional<Bitmap24> bitmap =
+        MakeBitmap24(static_cast<UINT>(size.width), static_cast<UINT>(rows));
     if (!buffer || !bitmap) return Draw(screen, dirty, plan, client);
-    const Selected selected(buffer.Get(), bitmap.Get());
+    const Selected selected(buffer.Get(), bitmap->bitmap.Get());
     for (LONG top = dirty.top; top < dirty.bottom; top += rows) {
         const RECT part{dirty.left, top, dirty.right, std::min(top + rows, dirty.bottom)};
         SetViewportOrgEx(buffer.Get(), -part.left, -part.top, nullptr);

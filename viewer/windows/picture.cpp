@@ -53,28 +53,6 @@ struct Disposer {
 };
 using DecodedImage = std::unique_ptr<Gdiplus::GpBitmap, Disposer>;
 
-/// A bitmap and the memory of its rows, bottom row first.
-struct Section {
-    UniqueBitmap bitmap;
-    std::span<std::byte> rows;
-};
-
-std::optional<Section> MakeSection(UINT width, UINT height) {
-    if (width == 0 || height == 0 || !FitsBitmap(width, height)) return std::nullopt;
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = static_cast<LONG>(width);
-    info.bmiHeader.biHeight = static_cast<LONG>(height);
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 24;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!bitmap || !bits) return std::nullopt;
-    const std::uint64_t size = Bmp24Stride(width) * height;
-    return Section{std::move(bitmap), {static_cast<std::byte*>(bits), static_cast<std::size_t>(size)}};
-}
-
 /// Copies all rows of a decoded image, whichever way up the decoder keeps them.
 bool CopyRows(Gdiplus::GpBitmap* image, UINT width, UINT height, std::span<std::byte> rows) {
     const Gdiplus::Rect all(0, 0, static_cast<INT>(width), static_cast<INT>(height));
@@ -99,25 +77,42 @@ std::optional<UniqueBitmap> Decode(const std::filesystem::path& path) {
     if (flat::GdipGetImageWidth(decoded, &width) != Gdiplus::Ok ||
         flat::GdipGetImageHeight(decoded, &height) != Gdiplus::Ok)
         return std::nullopt;
-    std::optional<Section> section = MakeSection(width, height);
-    if (!section || !CopyRows(decoded, width, height, section->rows)) return std::nullopt;
-    return std::move(section->bitmap);
+    std::optional<Bitmap24> picture = MakeBitmap24(width, height);
+    if (!picture || !CopyRows(decoded, width, height, picture->rows)) return std::nullopt;
+    return std::move(picture->bitmap);
 }
 
-/// For copies that the decoder refuses because they end early.
+/// For copies that end early.
 std::optional<UniqueBitmap> ReadRows(File& file, const BmpHeader& header) {
-    std::optional<Section> section = MakeSection(header.width, header.height);
-    if (!section || !ReadPictureRows(file, header, section->rows)) return std::nullopt;
-    return std::move(section->bitmap);
+    std::optional<Bitmap24> picture = MakeBitmap24(header.width, header.height);
+    if (!picture || !ReadPictureRows(file, header, picture->rows)) return std::nullopt;
+    return std::move(picture->bitmap);
 }
 
 }  // namespace
+
+std::optional<Bitmap24> MakeBitmap24(UINT width, UINT height) {
+    if (width == 0 || height == 0 || !FitsBitmap(width, height)) return std::nullopt;
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = static_cast<LONG>(width);
+    info.bmiHeader.biHeight = static_cast<LONG>(height);
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap || !bits) return std::nullopt;
+    const std::uint64_t size = Bmp24Stride(width) * height;
+    return Bitmap24{std::move(bitmap), {static_cast<std::byte*>(bits), static_cast<std::size_t>(size)}};
+}
 
 std::optional<UniqueBitmap> LoadPicture(const std::filesystem::path& display_copy) {
     std::optional<File> file = File::OpenForReading(display_copy);
     const std::optional<BmpHeader> header = file ? ReadBmpHeader(*file) : std::nullopt;
     if (!header || !FitsBitmap(header->width, header->height)) return std::nullopt;
-    if (std::optional<UniqueBitmap> picture = Decode(display_copy)) return picture;
+    if (IsOrdinaryPicture(*file, *header))
+        if (std::optional<UniqueBitmap> picture = Decode(display_copy)) return picture;
     return ReadRows(*file, *header);
 }
 
