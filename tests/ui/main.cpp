@@ -1,0 +1,51 @@
+// Runs the tests that operate a real pixora.exe, one after another, on the screen of this session.
+#define DOCTEST_CONFIG_IMPLEMENT
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include "tests/ui/support/environment.h"
+#include "tests/ui/support/program.h"
+#include "tests/ui/support/texts.h"
+
+namespace {
+
+/// Leaves a picture of the screen at the first failed check of each test.
+class ShotListener : public doctest::IReporter {
+public:
+    explicit ShotListener(const doctest::ContextOptions&) {}
+    void log_assert(const doctest::AssertData& data) override {
+        if (data.m_failed && !taken_) pixora::ui::SaveFailureShot(), taken_ = true;
+    }
+    void test_case_start(const doctest::TestCaseData&) override { taken_ = false; }
+
+    void report_query(const doctest::QueryData&) override {}
+    void test_run_start() override {}
+    void test_run_end(const doctest::TestRunStats&) override {}
+    void test_case_reenter(const doctest::TestCaseData&) override {}
+    void test_case_end(const doctest::CurrentTestCaseStats&) override {}
+    void test_case_exception(const doctest::TestCaseException&) override {}
+    void subcase_start(const doctest::SubcaseSignature&) override {}
+    void subcase_end() override {}
+    void log_message(const doctest::MessageData&) override {}
+    void test_case_skipped(const doctest::TestCaseData&) override {}
+
+private:
+    bool taken_ = false;
+};
+
+REGISTER_LISTENER("shots", 1, ShotListener);
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    // Positions and sizes in real pixels, like the program itself.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    std::vector<std::string> texts;
+    for (int i = 0; i < count; ++i) texts.push_back(pixora::ui::Narrow(arguments[i]));
+    std::vector<const char*> pointers;
+    for (const std::string& text : texts) pointers.push_back(text.c_str());
+    const pixora::ui::UserDataAside aside;
+    (void)pixora::ui::FreshScratchFolder();
+    return doctest::Context(count, pointers.data()).run();
+}

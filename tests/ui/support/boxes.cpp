@@ -1,0 +1,47 @@
+#include "tests/ui/support/boxes.h"
+
+#include "tests/ui/support/texts.h"
+
+namespace pixora::ui {
+namespace {
+
+constexpr int kLine1 = 1053, kLine2 = 1051, kLine3 = 1052, kSymbol = 1022;
+
+/// Centred on the screen, 30 pixels above its middle.
+void CheckCentred(const Window& box) {
+    const RECT frame = box.Frame();
+    CHECK(frame.left == GetSystemMetrics(SM_CXSCREEN) / 2 - (frame.right - frame.left) / 2);
+    CHECK(frame.top == GetSystemMetrics(SM_CYSCREEN) / 2 - (frame.bottom - frame.top) / 2 - 30);
+}
+
+}  // namespace
+
+Window WaitForErrorBox(const Program& program) {
+    return program.Running().WaitForWindow("an error box", [](const Window& window) {
+        return window.Class() == L"#32770" && window.FindItem(kSymbol) && window.FindItem(kLine1);
+    });
+}
+
+ErrorTexts ReadErrorBox(const Window& box) {
+    return {box.Text(), box.ItemText(kLine1), box.ItemText(kLine2), box.ItemText(kLine3)};
+}
+
+ErrorTexts DismissErrorBox(Program& program) {
+    const Window box = WaitForErrorBox(program);
+    CheckCentred(box);
+    const Window symbol = box.Item(kSymbol);
+    CHECK(symbol.Send(STM_GETIMAGE, IMAGE_BITMAP) != 0);
+    WaitFor("the error symbol to be painted", [&] { return !Uniform(program.See(symbol)); });
+    const ErrorTexts texts = ReadErrorBox(box);
+    PressOk(box);
+    return texts;
+}
+
+}  // namespace pixora::ui
+
+doctest::String doctest::StringMaker<pixora::ui::ErrorTexts>::convert(const pixora::ui::ErrorTexts& texts) {
+    std::wstring all;
+    for (const std::wstring& text : {texts.caption, texts.line1, texts.line2, texts.line3})
+        all += L'"' + text + L"\" ";
+    return String(pixora::ui::Narrow(all).c_str());
+}

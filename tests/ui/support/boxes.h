@@ -1,0 +1,31 @@
+// The program's own message windows.
+#pragma once
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+#include "tests/ui/support/program.h"
+
+namespace pixora::ui {
+
+/// An error box read off the screen: its caption and its lines in the order in which they were passed.
+struct ErrorTexts {
+    std::wstring caption, line1, line2, line3;
+    friend bool operator==(const ErrorTexts&, const ErrorTexts&) = default;
+};
+
+/// Waits for the error box with the error symbol.
+[[nodiscard]] Window WaitForErrorBox(const Program& program);
+[[nodiscard]] ErrorTexts ReadErrorBox(const Window& box);
+/// Waits for an error box, checks its place and its symbol, presses OK and returns what it said.
+[[nodiscard]] ErrorTexts DismissErrorBox(Program& program);
+
+}  // namespace pixora::ui
+
+namespace doctest {
+template <>
+struct StringMaker<pixora::ui::ErrorTexts> {
+    static String convert(const pixora::ui::ErrorTexts& texts);
+};
+}  // namespace doctest

@@ -1,0 +1,143 @@
+#include "tests/ui/support/input.h"
+
+#include <vector>
+
+#include "tests/ui/support/texts.h"
+#include "tests/ui/support/wait.h"
+
+namespace pixora::ui {
+namespace {
+
+void SendAll(std::vector<INPUT> inputs) {
+    const auto count = static_cast<UINT>(inputs.size());
+    if (SendInput(count, inputs.data(), sizeof(INPUT)) != count) throw UiError("the input was not taken");
+}
+
+INPUT MouseInput(DWORD flags, int data = 0) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    input.mi.mouseData = static_cast<DWORD>(data);
+    return input;
+}
+
+INPUT KeyInput(WORD key, WORD scan, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = scan;
+    input.ki.dwFlags = flags;
+    return input;
+}
+
+WORD ScanCode(WORD key) {
+    return static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+}
+
+struct ButtonFlags {
+    DWORD down, up;
+    int key;
+};
+ButtonFlags FlagsOf(Button button) {
+    switch (button) {
+        case Button::right:
+            return {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP, VK_RBUTTON};
+        case Button::middle:
+            return {MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP, VK_MBUTTON};
+        default:
+            return {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, VK_LBUTTON};
+    }
+}
+
+}  // namespace
+
+void MoveMouse(POINT screen) {
+    if (!SetCursorPos(screen.x, screen.y)) throw UiError("the mouse could not be moved");
+}
+
+void Press(Button button) {
+    SendAll({MouseInput(FlagsOf(button).down)});
+}
+void Release(Button button) {
+    SendAll({MouseInput(FlagsOf(button).up)});
+}
+
+void ClickAt(POINT screen, Button button) {
+    MoveMouse(screen);
+    Press(button);
+    Release(button);
+}
+
+void Click(const Window& target, Button button) {
+    const POINT centre = target.Centre();
+    const Window hit(WindowFromPoint(centre));
+    const bool covered = hit.ProcessId() != target.ProcessId() ||
+                         GetAncestor(hit.Handle(), GA_ROOT) != GetAncestor(target.Handle(), GA_ROOT);
+    if (covered)
+        throw UiError("\"" + Narrow(target.Text()) + "\" cannot be clicked, \"" + Narrow(hit.Text()) +
+                      "\" lies over it");
+    ClickAt(centre, button);
+}
+
+void ClickCloseButton(const Window& window) {
+    const RECT frame = window.Frame();
+    const RECT client = window.Client();
+    const LONG y = (frame.top + client.top) / 2;
+    for (LONG x = frame.right - 1; x > frame.left; --x) {
+        if (window.Send(WM_NCHITTEST, 0, MAKELPARAM(x, y)) != HTCLOSE) continue;
+        ClickAt({x - 4, y});
+        return;
+    }
+    throw UiError("\"" + Narrow(window.Text()) + "\" has no close button");
+}
+
+void TurnWheel(POINT screen, int delta) {
+    MoveMouse(screen);
+    SendAll({MouseInput(MOUSEEVENTF_WHEEL, delta)});
+}
+
+void Drag(POINT from, POINT to, Button button, int steps) {
+    MoveMouse(from);
+    Press(button);
+    for (int i = 1; i <= steps; ++i)
+        MoveMouse({from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps});
+    Release(button);
+}
+
+void HoldKey(WORD key) {
+    SendAll({KeyInput(key, ScanCode(key), 0)});
+}
+void ReleaseKey(WORD key) {
+    SendAll({KeyInput(key, ScanCode(key), KEYEVENTF_KEYUP)});
+}
+void PressKey(WORD key) {
+    HoldKey(key);
+    ReleaseKey(key);
+}
+
+void TypeText(std::wstring_view text) {
+    for (const wchar_t c : text) {
+        const auto code = static_cast<WORD>(c);
+        SendAll(
+            {KeyInput(0, code, KEYEVENTF_UNICODE), KeyInput(0, code, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
+    }
+}
+
+void TypeInto(const Window& edit, std::wstring_view text) {
+    Click(edit);
+    PressKey(VK_END);
+    HoldKey(VK_SHIFT);
+    PressKey(VK_HOME);
+    ReleaseKey(VK_SHIFT);
+    if (text.empty()) PressKey(VK_DELETE);
+    TypeText(text);
+}
+
+void ReleaseAll() {
+    for (const Button button : {Button::left, Button::right, Button::middle})
+        if (GetAsyncKeyState(FlagsOf(button).key) < 0) Release(button);
+    for (const WORD key : {WORD{VK_SHIFT}, WORD{VK_CONTROL}, WORD{VK_MENU}})
+        if (GetAsyncKeyState(key) < 0) ReleaseKey(key);
+}
+
+}  // namespace pixora::ui

@@ -1,0 +1,36 @@
+// What the tests and their probe inside the program say to each other: one block of shared memory a program.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+namespace pixora::ui {
+
+enum class ProbeTask : std::uint32_t {
+    menu,  ///< lists the items of `menu`, or of the menu bar of `window`, sub-menus included
+    drop,  ///< drops the files named in `data` (each with a final zero, one more zero at the end) on `window`
+    capture,   ///< copies the rectangle x, y, width, height of the client area of `window` into `data`
+    tooltips,  ///< lists the texts of all tooltips of the tooltip window `window`
+};
+
+/// An item of a menu. The items of a sub-menu follow their parent, one deeper.
+struct ProbeMenuItem {
+    std::uint32_t depth, id, state;
+    std::uint32_t separator, has_items;
+    RECT place;  ///< on the screen, for the items of an open menu and of the bar itself
+    wchar_t text[96];
+};
+
+struct ProbeBlock {
+    ProbeTask task;
+    std::uint64_t window, menu;
+    std::int32_t x, y, width, height;
+    std::int32_t count;  ///< items found; -1 when the task could not be done
+    alignas(16) unsigned char data[24u << 20];
+};
+
+inline constexpr wchar_t kProbeBlockName[] = L"Local\\pixora-ui-probe-%lu";  // with the process id
+inline constexpr char kProbeEntry[] = "PixoraUiProbe";
+
+}  // namespace pixora::ui

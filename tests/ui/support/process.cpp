@@ -1,0 +1,80 @@
+#include "tests/ui/support/process.h"
+
+#include <sstream>
+
+#include "tests/ui/support/environment.h"
+#include "tests/ui/support/input.h"
+#include "tests/ui/support/texts.h"
+
+namespace pixora::ui {
+
+std::wstring QuotedProgram() {
+    return L'"' + ProgramPath().wstring() + L'"';
+}
+
+Process::Process(std::wstring command_line) {
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(ProgramPath().c_str(), command_line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &start, &started))
+        throw UiError("could not start " + Narrow(command_line));
+    CloseHandle(started.hThread);
+    process_ = started.hProcess;
+    id_ = started.dwProcessId;
+}
+
+Process::~Process() {
+    if (Running()) {
+        TerminateProcess(process_, 99);
+        WaitForSingleObject(process_, kPatience_ms);
+    }
+    CloseHandle(process_);
+}
+
+bool Process::Running() const {
+    return WaitForSingleObject(process_, 0) == WAIT_TIMEOUT;
+}
+
+DWORD Process::WaitForEnd() const {
+    if (WaitForSingleObject(process_, kPatience_ms) != WAIT_OBJECT_0)
+        throw UiError("waited in vain for the program to end");
+    DWORD code = 0;
+    GetExitCodeProcess(process_, &code);
+    return code;
+}
+
+void Process::CheckAlive() const {
+    if (Running()) return;
+    std::ostringstream text;
+    text << "the program has ended with exit code 0x" << std::hex << WaitForEnd();
+    throw UiError(text.str());
+}
+
+std::optional<Window> Process::FindWindow(const std::function<bool(const Window&)>& matches) const {
+    for (const Window& window : Windows())
+        if (matches(window)) return window;
+    return std::nullopt;
+}
+
+Window Process::WaitForWindow(const std::string& what,
+                              const std::function<bool(const Window&)>& matches) const {
+    return WaitForSome(what, [&] { return FindWindow(matches); });
+}
+
+Window Process::WaitForPlainBox(const std::wstring& text) const {
+    return WaitForWindow("the message box \"" + Narrow(text) + '"', [&](const Window& window) {
+        if (window.Class() != L"#32770" || !window.FindItem(IDOK)) return false;
+        const std::vector<Window> controls = window.Controls();
+        for (const Window& control : controls)
+            if (control.Class() == L"Static" && control.Text() == text) return true;
+        return false;
+    });
+}
+
+void PressOk(const Window& box) {
+    Click(box.Item(IDOK));
+    WaitFor("the box to close", [&] { return !box.Exists(); });
+}
+
+}  // namespace pixora::ui
