@@ -154,11 +154,12 @@ wine_path() {
     printf 'Z:%s\n' "${full//\//\\}"
 }
 
-# screen_start [SIZE]: starts a virtual screen on a free number and sets DISPLAY.
+# screen_start [SIZE [OPTION...]]: starts a virtual screen on a free number and sets DISPLAY.
 screen_start() {
-    local numbers number
+    local size=${1:-1920x1080x24} numbers number
     numbers=$(mktemp) || return 1
-    Xvfb -displayfd 3 -screen 0 "${1:-1920x1080x24}" -nolisten tcp -noreset 3>"$numbers" >/dev/null 2>&1 </dev/null &
+    [ $# = 0 ] || shift
+    Xvfb -displayfd 3 -screen 0 "$size" "$@" -nolisten tcp -noreset 3>"$numbers" >/dev/null 2>&1 </dev/null &
     SCREEN_PIDS=("$!" "${SCREEN_PIDS[@]}")
     if ! wait_until 20 test -s "$numbers"; then
         echo "The virtual screen did not start." >&2
