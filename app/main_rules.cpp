@@ -32,10 +32,6 @@ void RequestCloseAll(SharedFlags& flags) {
     flags.close_viewer.fill(true);
 }
 
-void RequestRedrawAll(SharedFlags& flags) {
-    flags.redraw_viewer.fill(true);
-}
-
 void ClearSlot(SharedFlags& flags, int slot) {
     const auto index = static_cast<std::size_t>(slot);
     flags.viewer_open[index] = false;

@@ -28,8 +28,6 @@ void OnMainSize(SharedFlags& flags, bool minimised);
 [[nodiscard]] bool AnyViewerOpen(const SharedFlags& flags);
 /// Asks every viewer to close.
 void RequestCloseAll(SharedFlags& flags);
-/// Asks every viewer to take over changed settings.
-void RequestRedrawAll(SharedFlags& flags);
 /// Clears the flags of one slot, so that no request to an earlier viewer reaches the next one.
 void ClearSlot(SharedFlags& flags, int slot);
 

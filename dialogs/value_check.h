@@ -1,7 +1,6 @@
 // Checks of typed values, and what the user is told when one is refused.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -39,8 +38,6 @@ struct InputErrorTexts {
     friend bool operator==(const InputErrorTexts&, const InputErrorTexts&) = default;
 };
 [[nodiscard]] InputErrorTexts ComposeInputError(const InputError& input);
-/// The controls of Line1, Line2 and Line3, which stand in this order from top to bottom.
-inline constexpr std::array kInputErrorControls = {1308, 1310, 1309};
 
 /// What came of the check of a typed display size: nothing to show when it was accepted, else exactly one
 /// box: an error box (Message) or the range dialog CPX_Error (InputError).

@@ -137,10 +137,6 @@ TEST_CASE("mode 4 names both limits, and without a case there is no third line")
     CHECK(ComposeInputError(input).Line3.empty());
 }
 
-TEST_CASE("the range dialog's lines stand in controls 1308, 1310 and 1309") {
-    CHECK(kInputErrorControls == std::array{1308, 1310, 1309});
-}
-
 TEST_CASE("percentages with and without point and sign are display sizes") {
     for (const wchar_t* text :
          {L"50", L"50%", L"  50%", L"12.5", L"12.5%", L"50  ", L" 50 ", L".96", L"1", L"0050", L"1.23456",
