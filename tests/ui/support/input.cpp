@@ -1,5 +1,6 @@
 #include "tests/ui/support/input.h"
 
+#include <cstdlib>
 #include <vector>
 
 #include "tests/ui/support/texts.h"
@@ -49,6 +50,18 @@ ButtonFlags FlagsOf(Button button) {
     }
 }
 
+/// Two clicks at one place must not become a double click: a person who means two lets some time pass.
+void WaitOutDoubleClick(POINT screen) {
+    static POINT last{-1, -1};
+    static long long last_ms = 0;
+    const bool same_place = std::abs(screen.x - last.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+                            std::abs(screen.y - last.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+    const long long end = last_ms + static_cast<long long>(GetDoubleClickTime());
+    if (same_place) WaitFor("the double-click time to pass", [&] { return Now_ms() > end; });
+    last = screen;
+    last_ms = Now_ms();
+}
+
 }  // namespace
 
 void MoveMouse(POINT screen) {
@@ -63,6 +76,7 @@ void Release(Button button) {
 }
 
 void ClickAt(POINT screen, Button button) {
+    WaitOutDoubleClick(screen);
     MoveMouse(screen);
     Press(button);
     Release(button);

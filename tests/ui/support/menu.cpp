@@ -27,6 +27,17 @@ const ProbeMenuItem* FindItem(const std::vector<ProbeMenuItem>& items, std::wstr
     return nullptr;
 }
 
+/// How many popup menus are open, and one more while the keys go to a menu.
+int OpenLevels(const Process& process) {
+    const std::vector<Window> windows = process.Windows();
+    const auto popups = std::count_if(windows.begin(), windows.end(), IsPopup);
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (!windows.empty())
+        GetGUIThreadInfo(GetWindowThreadProcessId(windows.front().Handle(), nullptr), &info);
+    return static_cast<int>(popups) + ((info.flags & GUI_INMENUMODE) ? 1 : 0);
+}
+
 }  // namespace
 
 OpenMenu::OpenMenu(const Process& process, Probe& probe, std::vector<Window> known)
@@ -71,18 +82,11 @@ OpenMenu OpenMenu::Open(std::wstring_view text) {
 }
 
 void OpenMenu::Dismiss() {
-    // Each press closes one level; a press too many would reach the window behind.
-    WaitFor("the menus to close", [&] {
-        const auto levels = [&] {
-            const std::vector<Window> windows = process_.Windows();
-            return std::count_if(windows.begin(), windows.end(), IsPopup);
-        };
-        const auto open = levels();
-        if (open == 0) return true;
+    // Each press closes one level, the last one leaves the menu bar; a press too many would reach the window.
+    for (int level = OpenLevels(process_); level > 0; level = OpenLevels(process_)) {
         PressKey(VK_ESCAPE);
-        WaitFor("a menu to close", [&] { return levels() < open; });
-        return levels() == 0;
-    });
+        WaitFor("a menu to close", [&] { return OpenLevels(process_) < level; });
+    }
 }
 
 OpenMenu OpenFromBar(const Process& process, Probe& probe, const Window& window, std::wstring_view entry) {

@@ -33,11 +33,11 @@ std::string PixelDifference(int x, int y, std::uint32_t shown, std::uint32_t wan
     return text.str();
 }
 
-/// Whether `colour` is a pixel of `image` within one row and column of (x, y).
-bool Near(const Picture& image, int x, int y, std::uint32_t colour) {
-    for (int row = std::max(y - 1, 0); row <= std::min(y + 1, image.height - 1); ++row)
-        for (int column = std::max(x - 1, 0); column <= std::min(x + 1, image.width - 1); ++column)
-            if (image.At(column, row) == colour) return true;
+/// Whether a pixel of `image` between both corners, these included, has this colour.
+bool Holds(const Picture& image, int left, int top, int right, int bottom, std::uint32_t colour) {
+    for (int y = std::max(top, 0); y <= std::min(bottom, image.height - 1); ++y)
+        for (int x = std::max(left, 0); x <= std::min(right, image.width - 1); ++x)
+            if (image.At(x, y) == colour) return true;
     return false;
 }
 
@@ -60,9 +60,10 @@ std::string DifferenceReduced(const Picture& shown, const Picture& image, double
     std::string difference = SizeDifference(shown, width, height);
     for (int y = 0; difference.empty() && y < height; ++y) {
         for (int x = 0; difference.empty() && x < width; ++x) {
-            const int column = static_cast<int>(x / ratio), row = static_cast<int>(y / ratio);
-            if (!Near(image, column, row, shown.At(x, y)))
-                difference = PixelDifference(x, y, shown.At(x, y), image.At(column, row)) + " or a neighbour";
+            const int left = static_cast<int>(x / ratio), top = static_cast<int>(y / ratio);
+            const int right = static_cast<int>((x + 1) / ratio), bottom = static_cast<int>((y + 1) / ratio);
+            if (!Holds(image, left - 1, top - 1, right, bottom, shown.At(x, y)))
+                difference = PixelDifference(x, y, shown.At(x, y), image.At(left, top)) + " or a neighbour";
         }
     }
     return difference;

@@ -39,8 +39,8 @@ private:
 /// image's.
 /// @return empty when they agree, else the first difference in words.
 [[nodiscard]] std::string DifferenceEnlarged(const Picture& shown, const Picture& image, int zoom);
-/// Compares `shown` with `image` reduced by `ratio` (below 1): each pixel shown must be one of the image,
-/// within a row and a column of the place that it stands for, never a mixture.
+/// Compares `shown` with `image` reduced by `ratio` (below 1): each pixel shown must be one of those that it
+/// stands for, or of the row or column beside them, never a mixture.
 [[nodiscard]] std::string DifferenceReduced(const Picture& shown, const Picture& image, double ratio);
 /// Whether all pixels have one colour.
 [[nodiscard]] bool Uniform(const Picture& picture);

@@ -30,6 +30,11 @@ Window WaitForMain(const Process& process, const std::function<void(const Proces
 
 }  // namespace
 
+std::wstring ShownPath(const std::filesystem::path& path) {
+    const std::wstring text = path.wstring();
+    return text.size() <= 45 ? text : text.substr(0, 5) + L"....." + text.substr(text.size() - 36);
+}
+
 bool IsMainWindow(const Window& window) {
     return IsDialog(window) && window.FindItem(kReload) && window.FindItem(kSizeBox);
 }

@@ -80,6 +80,10 @@ private:
 inline constexpr int kPathBox = 1173, kBrowse = 1300, kReload = 1303, kSizeLabel = 1296, kSizeBox = 1209,
                      kEdit = 1065;
 
+/// What the path box shows for a path of Latin letters: up to 45 characters all of it, else five, five dots
+/// and the last 36.
+[[nodiscard]] std::wstring ShownPath(const std::filesystem::path& path);
+
 [[nodiscard]] bool IsMainWindow(const Window& window);
 [[nodiscard]] bool IsSplash(const Window& window);
 /// A viewer's caption begins with its number in brackets.

@@ -82,6 +82,8 @@ std::vector<Window> Window::Controls() const {
 }
 
 std::optional<Window> Window::FindItem(int id) const {
+    // The dialog's own controls come first: a control's inner windows may bear any number.
+    if (HWND own = GetDlgItem(handle_, id)) return Window(own);
     for (const Window& control : Controls())
         if (control.Id() == id) return control;
     return std::nullopt;

@@ -37,7 +37,7 @@ public:
     /// A point of the client area in screen coordinates.
     [[nodiscard]] POINT ClientPoint(int x, int y) const;
 
-    /// The control with this id, at any depth.
+    /// The control with this id; the window's own come before those inside of controls.
     [[nodiscard]] std::optional<Window> FindItem(int id) const;
     /// The same; throws when there is none.
     [[nodiscard]] Window Item(int id) const;
