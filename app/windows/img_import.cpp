@@ -51,6 +51,8 @@ void CImgImport::OnInit() {
 }
 
 Handled CImgImport::OnCommand(const Command& command) {
+    // A command that was on its way when a box or the end began comes too late.
+    if (command.id != IDM_FILE_EXIT && (InModal() || stage_ != Stage::running)) return Handled::yes;
     switch (command.id) {
         case IDOK:
         case IDCANCEL:

@@ -65,10 +65,12 @@ bool CImgImport::CreateViewer(const ImageBuffer& image) {
 }
 
 void CImgImport::AskAndOpen() {
+    if (path_box_.Editing()) return;
     FileDialogRequest request;
     request.owner = Window();
     request.filter = kOpenFilter;
     request.initial_name = OpenDialogName(settings_.PATH_OPEN);
+    request.initial_folder = settings_.PATH_OPEN;  // should the name be refused
     choosing_file_ = true;
     EnableOpening();
     const auto chosen = AskForFileToOpen(request);
@@ -79,6 +81,7 @@ void CImgImport::AskAndOpen() {
 }
 
 void CImgImport::Reload() {
+    if (path_box_.Editing()) return;
     // A copy: opening replaces the text in the box.
     if (const std::wstring path = path_box_.FullPath(); !path.empty()) OpenImage(path);
 }
