@@ -203,6 +203,7 @@ TEST_CASE("an accepted display size becomes a ratio of three decimals") {
     CHECK(NormaliseDisplaySize(L"12.34") == L"0.123");
     CHECK(NormaliseDisplaySize(L".96") == L"0.010");
     CHECK(NormaliseDisplaySize(L"0.96%") == L"0.010");
+    CHECK(NormaliseDisplaySize(L"0.95") == L"0.010");  // a little below 0.0095 in binary
     CHECK(NormaliseDisplaySize(L"1") == L"0.010");
     CHECK(NormaliseDisplaySize(L"10000") == L"100.000");
     CHECK(NormaliseDisplaySize(L"1000%") == L"10.000");

@@ -31,6 +31,7 @@ TEST_CASE("a valid display size closes the entry with its ratio") {
     CHECK(asked == L"0.125");
     CHECK(result.close);
     CHECK(result.ratio_text == L"0.125");
+    CHECK(entry.EntryText == L"12.5");
     CHECK(IsAccepted(result.refusal));
 }
 
