@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/message_box.h"
+#include "platform/picture.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
 #include "viewer/caption.h"
@@ -12,13 +13,6 @@
 
 namespace pixora {
 namespace {
-
-void SetWindowIcon(HWND window, WPARAM kind, int width_metric, int height_metric) {
-    const HANDLE icon =
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_PIXORA), IMAGE_ICON,
-                   GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), LR_SHARED);
-    SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
-}
 
 // Without an answer of its own, a window is held to the size of the screen and to the width of its buttons.
 void AllowEverySize(MINMAXINFO& limits) {
@@ -54,8 +48,7 @@ void CDisplay::OnInit() {
     SlotFlag(&SharedFlags::viewer_open) = true;
     ++context_.flags->open_viewers;
     counted_ = true;
-    SetWindowIcon(Window(), ICON_BIG, SM_CXICON, SM_CYICON);
-    SetWindowIcon(Window(), ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
+    SetWindowIcons(Window(), IDI_PIXORA);
     MoveWindowTo(Window(), context_.position);
     if (!canvas_.Create(Window(), {state_, &state_->canvas})) return Destroy();
     StartTicking();

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "viewer/windows/display_copy.h"
 #include "viewer/windows/geometry_win.h"
-#include "viewer/windows/picture.h"
 
 namespace pixora {
 namespace {
@@ -98,7 +98,7 @@ std::optional<CImageCanvas::FileVersion> CImageCanvas::VersionOf(const std::file
 void CImageCanvas::Load(const std::filesystem::path& display_copy) {
     std::optional<FileVersion> version = VersionOf(display_copy);
     if (version && version == loaded_) return;
-    std::optional<UniqueBitmap> picture = LoadPicture(display_copy);
+    std::optional<UniqueBitmap> picture = LoadDisplayCopy(display_copy);
     if (!picture) return;
     picture_ = *std::move(picture);
     loaded_ = std::move(version);

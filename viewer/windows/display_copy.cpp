@@ -1,4 +1,4 @@
-#include "viewer/windows/picture.h"
+#include "viewer/windows/display_copy.h"
 
 #include <objidl.h>
 
@@ -107,7 +107,7 @@ std::optional<Bitmap24> MakeBitmap24(UINT width, UINT height) {
     return Bitmap24{std::move(bitmap), {static_cast<std::byte*>(bits), static_cast<std::size_t>(size)}};
 }
 
-std::optional<UniqueBitmap> LoadPicture(const std::filesystem::path& display_copy) {
+std::optional<UniqueBitmap> LoadDisplayCopy(const std::filesystem::path& display_copy) {
     std::optional<File> file = File::OpenForReading(display_copy);
     const std::optional<BmpHeader> header = file ? ReadBmpHeader(*file) : std::nullopt;
     if (!header || !FitsBitmap(header->width, header->height)) return std::nullopt;
