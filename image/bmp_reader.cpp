@@ -15,7 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uint64_t kPaletteOffset = 54;
-using Palette = std::array<std::byte, 256 * 4>;
 
 // The result when the source is accepted; everything that refuses by the header alone comes first.
 ReadResult CheckHeader(const BmpHeader& header) {
@@ -29,10 +28,6 @@ ReadResult CheckHeader(const BmpHeader& header) {
         return ReadResult::not_supported;
     if (header.width > kMaxImageSide || header.height > kMaxImageSide) return ReadResult::not_supported;
     return ReadResult::accepted;
-}
-
-RowOrder OrderOf(const BmpHeader& header) {
-    return header.bottom_up ? RowOrder::bottom_up : RowOrder::top_down;
 }
 
 // Reads up to `total` bytes, a whole number of units, from where the file stands, and hands each block to
@@ -76,83 +71,82 @@ BmpConversion Copy24(File& source, const BmpHeader& header, const fs::path& disp
 
 // Takes the converted pixels of 8- and 32-bit sources.
 struct PictureSink {
-    Picture picture;
+    PictureWriter picture;
     bool colour = false;
 
-    void Take(std::span<const std::byte> triples) {
-        colour = colour || HasColour(triples);
-        picture.Append(triples);
+    // The next pixels by their samples, three or (grey) one each.
+    void Take(std::span<const std::uint16_t> samples, std::size_t channels) {
+        picture.Append(samples.size() / channels, [&](std::size_t first, std::span<std::byte> run) {
+            if (channels == 1) return NarrowGrey(samples.subspan(first, run.size() / 3), 0, run);
+            NarrowSamples(samples.subspan(3 * first, run.size()), 0, run);
+            colour = colour || HasColour(run);
+        });
     }
 };
 
 void Read32(File& source, const BmpHeader& header, PictureSink& sink) {
     const std::uint64_t bytes = std::uint64_t{4} * header.width * header.height;
     std::vector<std::uint16_t> samples;
-    std::vector<std::byte> triples;
     static_cast<void>(ForEachBlock(source, bytes, 4, [&](auto, std::span<const std::byte> whole) {
         samples.resize(whole.size() / 4 * 3);
-        triples.resize(samples.size());
         DecodePixels(PixelLayout::bgrx8, whole, samples);
-        NarrowSamples(samples, 0, triples);
-        sink.Take(triples);
+        sink.Take(samples, 3);
         return true;
     }));
 }
 
 // Bottom-up rows go through the palette, always 256 entries from a fixed place, and are padded to four bytes.
-void Read8BottomUp(File& source, const BmpHeader& header, const Palette& palette, PictureSink& sink) {
+void Read8BottomUp(File& source, const BmpHeader& header, PictureSink& sink) {
+    std::array<std::byte, 256 * 4> palette{};
+    if (source.Seek(kPaletteOffset)) static_cast<void>(source.Read(palette));
+    if (!source.Seek(header.data_offset)) return;
     const auto stride = static_cast<std::size_t>(Bmp8Stride(header.width));
-    std::vector<std::byte> triples(std::size_t{3} * header.width);
-    static_cast<void>(ForEachBlock(source, std::uint64_t{stride} * header.height, stride,
-                                   [&](std::span<const std::byte> got, std::span<const std::byte> whole) {
-                                       for (std::size_t row = 0; row < whole.size(); row += stride) {
-                                           // A row that is cut off ends there; its missing pixels are no
-                                           // indices into the palette.
-                                           const std::size_t pixels =
-                                               std::min<std::size_t>(header.width, got.size() - row);
-                                           std::fill(triples.begin(), triples.end(), std::byte{});
-                                           for (std::size_t x = 0; x < pixels; ++x) {
-                                               const std::byte* entry =
-                                                   &palette[4 * std::to_integer<std::size_t>(whole[row + x])];
-                                               std::copy_n(entry, 3, &triples[3 * x]);
-                                           }
-                                           sink.Take(triples);
-                                       }
-                                       return true;
-                                   }));
+    std::vector<std::uint16_t> samples(std::size_t{3} * header.width);
+    const auto take_rows = [&](std::span<const std::byte> got, std::span<const std::byte> whole) {
+        for (std::size_t row = 0; row < whole.size(); row += stride) {
+            // A row that is cut off ends there; its missing pixels are no indices into the palette.
+            const std::size_t pixels = std::min<std::size_t>(header.width, got.size() - row);
+            std::ranges::fill(samples, std::uint16_t{0});
+            for (std::size_t x = 0; x < pixels; ++x) {
+                const std::size_t entry = 4 * std::to_integer<std::size_t>(whole[row + x]);
+                DecodePixels(PixelLayout::mono8, std::span(palette).subspan(entry, 3),
+                             std::span(samples).subspan(3 * x, 3));
+            }
+            sink.Take(samples, 3);
+        }
+        return true;
+    };
+    static_cast<void>(ForEachBlock(source, std::uint64_t{stride} * header.height, stride, take_rows));
 }
 
 // Deliberate: top-down 8-bit files show their palette indices as grey levels and have no padding, so their
 // rows drift when the width is not a multiple of four.
 void Read8TopDown(File& source, const BmpHeader& header, PictureSink& sink) {
-    std::vector<std::byte> triples;
-    static_cast<void>(ForEachBlock(source, std::uint64_t{header.width} * header.height, 1,
-                                   [&](std::span<const std::byte> got, auto) {
-                                       triples.resize(3 * got.size());
-                                       RepeatGrey(got, triples);
-                                       sink.Take(triples);
-                                       return true;
-                                   }));
+    std::vector<std::uint16_t> samples;
+    const std::uint64_t bytes = std::uint64_t{header.width} * header.height;
+    static_cast<void>(ForEachBlock(source, bytes, 1, [&](std::span<const std::byte> got, auto) {
+        samples.resize(got.size());
+        DecodePixels(PixelLayout::mono8, got, samples);
+        sink.Take(samples, 1);
+        return true;
+    }));
 }
 
 BmpConversion ConvertPixels(File& source, const BmpHeader& header, const fs::path& display_copy) {
-    BmpConversion conversion{.bit_count = header.bit_count};
-    Palette palette{};
-    if (source.Seek(kPaletteOffset)) static_cast<void>(source.Read(palette));
-    std::optional<Picture> picture = Picture::Make(header.width, header.height, OrderOf(header));
-    if (!picture || !source.Seek(header.data_offset)) {
-        conversion.result = ReadResult::invalid;
-        return conversion;
-    }
+    BmpConversion conversion{.result = ReadResult::write_failed, .bit_count = header.bit_count};
+    const RowOrder order = header.bottom_up ? RowOrder::bottom_up : RowOrder::top_down;
+    std::optional<PictureWriter> picture =
+        PictureWriter::Create(display_copy, header.width, header.height, order);
+    if (!picture || !source.Seek(header.data_offset)) return conversion;
     PictureSink sink{*std::move(picture)};
     if (header.bit_count == 32)
         Read32(source, header, sink);
     else if (header.bottom_up)
-        Read8BottomUp(source, header, palette, sink);
+        Read8BottomUp(source, header, sink);
     else
         Read8TopDown(source, header, sink);
     conversion.colour = sink.colour;
-    if (!sink.picture.Save(display_copy)) conversion.result = ReadResult::write_failed;
+    if (sink.picture.Commit()) conversion.result = ReadResult::accepted;
     return conversion;
 }
 

@@ -51,11 +51,6 @@ bool WriteBmp(const fs::path& path, const ByteBuilder& header, std::span<const s
            file->Commit();
 }
 
-// The samples of a file in its own channel order: red, green, blue.
-void SwapRedAndBlue(std::span<std::uint16_t> samples) {
-    for (std::size_t i = 0; i + 3 <= samples.size(); i += 3) std::swap(samples[i], samples[i + 2]);
-}
-
 bool WriteTiff(const fs::path& path, std::span<const std::uint16_t> samples, const TiffImage& image,
                int bits) {
     std::optional<AtomicFile> file = AtomicFile::Create(path);
@@ -67,7 +62,7 @@ bool WriteTiff(const fs::path& path, std::span<const std::uint16_t> samples, con
         const auto part = samples.first(std::min(samples.size(), kBlockSamples));
         samples = samples.subspan(part.size());
         block.assign(part.begin(), part.end());
-        if (image.colour) SwapRedAndBlue(block);
+        if (image.colour) SwapRedAndBlue(block);  // a file's own order is red, green, blue
         bytes.resize(block.size());
         if (bits == 8) NarrowSamples(block, 0, bytes);
         if (!file->Out().Write(bits == 8 ? std::span<const std::byte>(bytes)

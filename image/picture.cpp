@@ -1,49 +1,63 @@
 #include "image/picture.h"
 
-#include <algorithm>
-#include <cstring>
 #include <utility>
 
-#include "base/file.h"
-#include "image/bmp_layout.h"
-
 namespace pixora {
+namespace {
 
-Picture::Picture(std::uint32_t width, std::uint32_t height, RowOrder order, ZeroedArray<std::byte> rows)
-    : width_(width), height_(height), order_(order), rows_(std::move(rows)) {}
+// Rows that arrive from the top are written from the end of the file backwards; large blocks keep the number
+// of pieces small.
+constexpr std::size_t kPictureBlockBytes = std::size_t{1} << 19;
 
-std::optional<Picture> Picture::Make(std::uint32_t width, std::uint32_t height, RowOrder order) {
-    auto rows = ZeroedArray<std::byte>::Make(Bmp24Stride(width) * height);
-    if (!rows) return std::nullopt;
-    return Picture(width, height, order, *std::move(rows));
-}
+}  // namespace
 
-void Picture::Append(std::span<const std::byte> triples) {
-    while (triples.size() >= 3) {
-        const std::uint64_t row = next_pixel_ / width_, column = next_pixel_ % width_;
-        if (row >= height_) return;
-        const std::uint64_t row_in_file = order_ == RowOrder::top_down ? height_ - 1 - row : row;
-        const auto pixels = std::min<std::uint64_t>(width_ - column, triples.size() / 3);
-        const auto bytes = static_cast<std::size_t>(3 * pixels);
-        std::memcpy(&rows_.All()[static_cast<std::size_t>(row_in_file * Bmp24Stride(width_) + 3 * column)],
-                    triples.data(), bytes);
-        triples = triples.subspan(bytes);
-        next_pixel_ += pixels;
-    }
-}
+PictureWriter::PictureWriter(AtomicFile file, std::uint32_t width, std::uint32_t height, RowOrder order)
+    : file_(std::move(file)),
+      width_(width),
+      height_(height),
+      stride_(static_cast<std::size_t>(Bmp24Stride(width))),
+      order_(order),
+      block_rows_(std::clamp<std::size_t>(kPictureBlockBytes / stride_, 1, height)),
+      block_(block_rows_ * stride_) {}
 
-bool Picture::Save(const std::filesystem::path& path) const {
-    DeleteQuietly(path);  // a write-protected copy of an earlier run must not stand in the way
+std::optional<PictureWriter> PictureWriter::Create(const std::filesystem::path& path, std::uint32_t width,
+                                                   std::uint32_t height, RowOrder order) {
+    DeleteQuietly(path);
     std::optional<AtomicFile> file = AtomicFile::Create(path);
-    if (!file || !file->Out().Write(Bmp24Header(width_, height_).Bytes())) return false;
-    // Only the rows that arrived are written; a short source then takes no space for what it lacks.
-    const std::uint64_t stride = Bmp24Stride(width_);
-    const std::uint64_t arrived = (next_pixel_ + width_ - 1) / width_;
-    const std::uint64_t first = order_ == RowOrder::top_down ? height_ - arrived : 0;
-    const auto rows = rows_.All().subspan(static_cast<std::size_t>(first * stride),
-                                          static_cast<std::size_t>(arrived * stride));
-    return file->Out().Seek(kBmpHeaderBytes + first * stride) && file->Out().Write(rows) &&
-           file->Out().ExtendTo(kBmpHeaderBytes + height_ * stride) && file->Commit();
+    if (!file || !file->Out().Write(Bmp24Header(width, height).Bytes())) return std::nullopt;
+    return PictureWriter(*std::move(file), width, height, order);
+}
+
+std::size_t PictureWriter::Place() const {
+    const std::size_t in_block = row_ - flushed_rows_;
+    return order_ == RowOrder::top_down ? block_rows_ - 1 - in_block : in_block;
+}
+
+void PictureWriter::NextRow() {
+    column_ = 0;
+    ++row_;
+    if (row_ - flushed_rows_ == block_rows_ || row_ == height_) Flush();
+}
+
+void PictureWriter::Flush() {
+    const std::size_t rows = row_ - flushed_rows_;
+    const bool top_down = order_ == RowOrder::top_down;
+    const std::size_t first = top_down ? height_ - row_ : flushed_rows_;
+    const auto bytes =
+        std::span(block_).subspan(top_down ? (block_rows_ - rows) * stride_ : 0, rows * stride_);
+    const std::uint64_t offset = kBmpHeaderBytes + std::uint64_t{first} * stride_;
+    failed_ = failed_ || !file_.Out().Seek(offset) || !file_.Out().Write(bytes);
+    flushed_rows_ = row_;
+}
+
+bool PictureWriter::Commit() {
+    if (column_ > 0) {
+        std::ranges::fill(Row().subspan(3 * column_), std::byte{});
+        NextRow();
+    }
+    Flush();
+    return !failed_ && file_.Out().ExtendTo(kBmpHeaderBytes + std::uint64_t{height_} * stride_) &&
+           file_.Commit();
 }
 
 }  // namespace pixora

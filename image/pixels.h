@@ -52,18 +52,31 @@ struct PixelUnit {
     return layout >= PixelLayout::rgb8 ? 3 : 1;
 }
 
-/// Decodes whole units.
+/// True for layouts whose samples are stored as 16-bit words; they can be decoded where they stand.
+[[nodiscard]] constexpr bool StoresWords(PixelLayout layout) {
+    return UnitOf(layout).bytes == 2 * ChannelsOf(layout);
+}
+
+/// Decodes whole units of a layout that does not store words.
 /// @param stored   a whole number of units.
 /// @param samples  as many pixels as the units hold, ChannelsOf(layout) samples each; colour in the order
 /// blue,
 ///                 green, red. Values as stored, without any scaling.
 void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::span<std::uint16_t> samples);
 
+/// The same, in place, for a layout that stores words.
+void DecodeWords(PixelLayout layout, std::span<std::uint16_t> samples);
+
+/// Exchanges the first and the third sample of every pixel; three samples a pixel.
+void SwapRedAndBlue(std::span<std::uint16_t> samples);
+
 /// Takes eight bits of every sample: bytes[i] = (samples[i] >> shift) & 255. Both spans have the same size.
 void NarrowSamples(std::span<const std::uint16_t> samples, int shift, std::span<std::byte> bytes);
 
-/// Repeats each grey value three times; `triples` is three times as long as `grey`.
-void RepeatGrey(std::span<const std::byte> grey, std::span<std::byte> triples);
+/// Takes eight bits of every grey sample three times; `triples` is three times as long as `grey`.
+void NarrowGrey(std::span<const std::uint16_t> grey, int shift, std::span<std::byte> triples);
+
+/// Repeats each grey sample three times; `triples` is three times as long as `grey`.
 void RepeatGrey(std::span<const std::uint16_t> grey, std::span<std::uint16_t> triples);
 
 /// True when at least one pixel has unequal channels. A piece of a pixel at the end counts as if zeros

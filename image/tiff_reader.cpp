@@ -1,6 +1,7 @@
 #include "image/tiff_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -34,22 +35,24 @@ public:
     [[nodiscard]] std::uint64_t End() const { return start_ + pixels_ / unit_.pixels * unit_.bytes; }
     [[nodiscard]] bool HasAnyPixelData() const { return start_ < file_.Size(); }
 
-    // Hands the samples to `take(bytes as read, samples)` block by block, what is missing of a last unit as
-    // zeros.
-    // @return false when `take` said so.
-    template <typename Take>
-    bool ForEachBlock(Take take) {
+    // For each block: visitor.See(bytes as stored), then visitor.Take(samples) for the decoded samples in
+    // pieces, then visitor.Keep(samples) for all of them where the layout stores words and has them in place.
+    // What is missing of a last unit is zeros. @return false when See() or Keep() said so.
+    template <typename Visitor>
+    bool ForEachBlock(Visitor& visitor) {
         if (!file_.Seek(start_)) return true;
-        const std::size_t block_units = kBlockBytes / unit_.bytes;
-        block_.resize(block_units * unit_.bytes);
+        block_.resize(kBlockBytes / 2);
+        const auto block =
+            std::as_writable_bytes(std::span(block_)).first(kBlockBytes / unit_.bytes * unit_.bytes);
         for (std::uint64_t left = End() - start_; left > 0;) {
-            const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, block_.size()));
-            const auto [got, whole] = file_.ReadUnits(std::span(block_).first(wanted), unit_.bytes);
+            const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, block.size()));
+            const auto [got, whole] = file_.ReadUnits(block.first(wanted), unit_.bytes);
             if (got == 0) return true;
-            const std::size_t units = whole / unit_.bytes;
-            samples_.resize(units * unit_.pixels * ChannelsOf(layout_));
-            DecodePixels(layout_, std::span(block_).first(whole), samples_);
-            if (!take(std::span<const std::byte>(block_).first(got), std::span(samples_))) return false;
+            if (!visitor.See(block.first(got))) return false;
+            const std::size_t piece = kPieceUnits * unit_.bytes;
+            for (std::size_t at = 0; at < whole; at += piece)
+                visitor.Take(Decode(at, std::min(piece, whole - at)));
+            if (!visitor.Keep(std::span(block_).first(whole / 2))) return false;
             left -= got;
             if (got < wanted) return true;
         }
@@ -57,42 +60,56 @@ public:
     }
 
 private:
+    // Pieces of this size stay in the processor's nearest cache while each step of the conversion passes over
+    // them.
+    static constexpr std::size_t kPieceUnits = 1024;
+
+    std::span<std::uint16_t> Decode(std::size_t at, std::size_t bytes) {
+        if (StoresWords(layout_)) {
+            const auto words = std::span(block_).subspan(at / 2, bytes / 2);
+            DecodeWords(layout_, words);
+            return words;
+        }
+        samples_.resize(bytes / unit_.bytes * unit_.pixels * ChannelsOf(layout_));
+        DecodePixels(layout_, std::as_bytes(std::span(block_)).subspan(at, bytes), samples_);
+        return samples_;
+    }
+
     File& file_;
     PixelLayout layout_;
     PixelUnit unit_;
     std::uint64_t start_, pixels_;
-    std::vector<std::byte> block_;
+    std::vector<std::uint16_t> block_;  // as stored: words are decoded where they stand
     std::vector<std::uint16_t> samples_;
 };
 
 // The display copy while it is being made.
 class DisplayCopy {
 public:
-    static std::optional<DisplayCopy> Make(const TiffInfo& info, PixelLayout layout) {
-        std::optional<Picture> picture = Picture::Make(info.width, info.height, RowOrder::top_down);
+    static std::optional<DisplayCopy> Create(const fs::path& path, const TiffInfo& info, PixelLayout layout) {
+        auto picture = PictureWriter::Create(path, info.width, info.height, RowOrder::top_down);
         if (!picture) return std::nullopt;
         return DisplayCopy(*std::move(picture), DisplayShift(info), ChannelsOf(layout) == 1);
     }
 
     void Take(std::span<const std::uint16_t> samples) {
-        bytes_.resize(samples.size());
-        NarrowSamples(samples, shift_, bytes_);
-        if (!grey_) return picture_.Append(bytes_);
-        triples_.resize(3 * bytes_.size());
-        RepeatGrey(bytes_, triples_);
-        picture_.Append(triples_);
+        picture_.Append(samples.size() / (grey_ ? 1 : 3), [&](std::size_t first, std::span<std::byte> run) {
+            if (grey_)
+                NarrowGrey(samples.subspan(first, run.size() / 3), shift_, run);
+            else
+                NarrowSamples(samples.subspan(3 * first, run.size()), shift_, run);
+        });
     }
 
-    [[nodiscard]] bool Save(const fs::path& path) const { return picture_.Save(path); }
+    [[nodiscard]] bool Commit() { return picture_.Commit(); }
 
 private:
-    DisplayCopy(Picture picture, int shift, bool grey)
+    DisplayCopy(PictureWriter picture, int shift, bool grey)
         : picture_(std::move(picture)), shift_(shift), grey_(grey) {}
 
-    Picture picture_;
+    PictureWriter picture_;
     int shift_;
     bool grey_;
-    std::vector<std::byte> bytes_, triples_;
 };
 
 // Copies the bytes from `from` to `to` (or to the end of the file) to where `copy` stands.
@@ -110,58 +127,70 @@ bool CopyRange(File& file, std::uint64_t from, std::uint64_t to, File& copy) {
     return true;
 }
 
-// One pass over the pixels for the display copy, the whole file going to `copy` (if any) on the way.
-bool ReadForDisplay(File& file, PixelReader& pixels, DisplayCopy& display, File* copy) {
-    if (copy && !CopyRange(file, 0, pixels.Start(), *copy)) return false;
-    const bool all = pixels.ForEachBlock([&](std::span<const std::byte> bytes, auto samples) {
-        display.Take(samples);
-        return !copy || copy->Write(bytes);
-    });
-    return all && (!copy || CopyRange(file, pixels.End(), file.Size(), *copy));
-}
-
-// The data copy while it is being made. With no given number of valid bits the first block decides; should a
-// later one prove it wrong, the copy is written once more when all samples have been seen.
-class DataCopy {
+// A pass for the display copy, the whole file going to `copy` (if any) on the way.
+class DisplayPass {
 public:
-    DataCopy(File& out, int given_bits)
-        : out_(out), automatic_(!IsValidBitCount(given_bits)), bits_(given_bits) {}
+    DisplayPass(DisplayCopy& display, File* copy) : display_(display), copy_(copy) {}
 
-    // Scales the samples in place. @return false when they could not be written.
-    bool Take(std::span<std::uint16_t> samples) {
-        seen_ += samples.size();
-        if (automatic_) {
-            detector_.Add(samples);
-            if (!IsValidBitCount(bits_)) bits_ = detector_.Bits();
-            if (detector_.Bits() != bits_) guess_failed_ = true;
-        }
-        return guess_failed_ || Append(samples);
+    bool Run(File& file, PixelReader& pixels) {
+        if (copy_ && !CopyRange(file, 0, pixels.Start(), *copy_)) return false;
+        return pixels.ForEachBlock(*this) && (!copy_ || CopyRange(file, pixels.End(), file.Size(), *copy_));
     }
 
-    // Fills up with zeros for what a short file does not hold. @return false when it could not be written.
-    bool Finish(PixelReader& pixels) {
-        if (automatic_ && seen_ < pixels.Samples()) {
-            const std::uint16_t missing = 0;
-            detector_.Add({&missing, 1});
-            guess_failed_ = guess_failed_ || detector_.Bits() != bits_;
-        }
+    bool See(std::span<const std::byte> stored) { return !copy_ || copy_->Write(stored); }
+    void Take(std::span<const std::uint16_t> samples) { display_.Take(samples); }
+    bool Keep(std::span<const std::uint16_t>) { return true; }
+
+private:
+    DisplayCopy& display_;
+    File* copy_;
+};
+
+// A pass for the data copy of a 16-bit file, and for its display copy (if any). With no given number of valid
+// bits the first piece decides; should a later one prove it wrong, the data copy is written once more when
+// all samples have been seen.
+class RawPass {
+public:
+    RawPass(File& out, DisplayCopy* display, int given_bits)
+        : out_(out), display_(display), automatic_(!IsValidBitCount(given_bits)), bits_(given_bits) {}
+
+    // @return false when the data copy could not be written.
+    bool Run(PixelReader& pixels) {
+        if (!pixels.ForEachBlock(*this)) return false;
+        if (automatic_ && seen_ < pixels.Samples())
+            Detect(std::array<std::uint16_t, 1>{});  // what a short file lacks
         if (guess_failed_ && !WriteAgain(pixels)) return false;
         return out_.ExtendTo(2 * pixels.Samples());
     }
 
     [[nodiscard]] int Bits() const { return bits_; }
 
+    bool See(std::span<const std::byte>) { return true; }
+    void Take(std::span<std::uint16_t> samples) {
+        seen_ += samples.size();
+        if (display_) display_->Take(samples);  // before they are divided
+        if (automatic_) Detect(samples);
+        static_cast<void>(ScaleToValidBits(samples, bits_));
+    }
+    bool Keep(std::span<const std::uint16_t> samples) {
+        return guess_failed_ || out_.Write(std::as_bytes(samples));
+    }
+
 private:
-    bool Append(std::span<std::uint16_t> samples) {
-        return ScaleToValidBits(samples, bits_) && out_.Write(std::as_bytes(samples));
+    void Detect(std::span<const std::uint16_t> samples) {
+        detector_.Add(samples);
+        if (!IsValidBitCount(bits_)) bits_ = detector_.Bits();
+        guess_failed_ = guess_failed_ || detector_.Bits() != bits_;
     }
 
     bool WriteAgain(PixelReader& pixels) {
+        RawPass again(out_, nullptr, detector_.Bits());
         bits_ = detector_.Bits();
-        return out_.Seek(0) && pixels.ForEachBlock([&](auto, auto samples) { return Append(samples); });
+        return out_.Seek(0) && pixels.ForEachBlock(again);
     }
 
     File& out_;
+    DisplayCopy* display_;
     bool automatic_;
     int bits_;
     bool guess_failed_ = false;
@@ -240,18 +269,19 @@ TiffConversion ConvertTiff(const fs::path& source, const fs::path& display_copy,
     const PixelLayout layout = *LayoutOf(header.info);
     TiffConversion conversion{.colour = header.info.photometric == 2};
     PixelReader pixels(*file, header.info, layout);
-    std::optional<DisplayCopy> display = DisplayCopy::Make(header.info, layout);
-    if (!display || !pixels.HasAnyPixelData()) return {.result = ReadResult::invalid};
+    if (!pixels.HasAnyPixelData()) return {.result = ReadResult::invalid};
 
+    conversion.result = ReadResult::write_failed;
+    std::optional<DisplayCopy> display = DisplayCopy::Create(display_copy, header.info, layout);
     std::optional<AtomicFile> copy;
     if (!byte_copy.empty()) {
         DeleteQuietly(byte_copy);
         copy = AtomicFile::Create(byte_copy);
-        if (!copy) return {.result = ReadResult::write_failed};
+        if (!copy) return conversion;
     }
-    const bool written = ReadForDisplay(*file, pixels, *display, copy ? &copy->Out() : nullptr) &&
-                         (!copy || copy->Commit()) && display->Save(display_copy);
-    if (!written) conversion.result = ReadResult::write_failed;
+    if (display && DisplayPass(*display, copy ? &copy->Out() : nullptr).Run(*file, pixels) &&
+        (!copy || copy->Commit()) && display->Commit())
+        conversion.result = ReadResult::accepted;
     return conversion;
 }
 
@@ -263,18 +293,14 @@ Tiff16Conversion ConvertTiff16(const fs::path& source, const fs::path& display_c
     if (!IsPlain16(header)) return {};
     const PixelLayout layout = header.info.photometric == 1 ? PixelLayout::mono16 : PixelLayout::rgb16;
     PixelReader pixels(*file, header.info, layout);
-    std::optional<DisplayCopy> display = DisplayCopy::Make(header.info, layout);
     DeleteQuietly(data_copy);
     std::optional<AtomicFile> out = AtomicFile::Create(data_copy);
-    if (!display || !out || !pixels.HasAnyPixelData()) return {};
+    if (!out || !pixels.HasAnyPixelData()) return {};
 
-    DataCopy data(out->Out(), valid_bits);
-    const bool read = pixels.ForEachBlock([&](auto, std::span<std::uint16_t> samples) {
-        display->Take(samples);  // first: the data copy scales the samples in place
-        return data.Take(samples);
-    });
-    if (!read || !data.Finish(pixels) || !out->Commit()) return {};
-    return {.data_written = true, .display_written = display->Save(display_copy), .valid_bits = data.Bits()};
+    std::optional<DisplayCopy> display = DisplayCopy::Create(display_copy, header.info, layout);
+    RawPass pass(out->Out(), display ? &*display : nullptr, valid_bits);
+    if (!pass.Run(pixels) || !out->Commit()) return {};
+    return {.data_written = true, .display_written = display && display->Commit(), .valid_bits = pass.Bits()};
 }
 
 }  // namespace pixora

@@ -3,7 +3,7 @@
 namespace pixora {
 
 void ValidBitsDetector::Add(std::span<const std::uint16_t> samples) {
-    if (samples.empty()) return;
+    if (samples.empty() || Bits() == 16) return;  // nothing can change 16 any more
     if (!has_first_) {
         has_first_ = true;
         first_ = samples.front();
