@@ -25,27 +25,27 @@ namespace flat = Gdiplus::DllExports;
 class DecoderUse {
 public:
     DecoderUse() {
-        const std::scoped_lock guard(lock_);
-        if (!started_) {
+        const std::scoped_lock guard(lock);
+        if (!started) {
             const Gdiplus::GdiplusStartupInput input;
-            started_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
+            started = Gdiplus::GdiplusStartup(&token, &input, nullptr) == Gdiplus::Ok;
         }
-        ++users_;
+        ++users;
     }
     ~DecoderUse() {
-        const std::scoped_lock guard(lock_);
-        if (--users_ > 0 || !started_) return;
-        Gdiplus::GdiplusShutdown(token_);
-        started_ = false;
+        const std::scoped_lock guard(lock);
+        if (--users > 0 || !started) return;
+        Gdiplus::GdiplusShutdown(token);
+        started = false;
     }
     DecoderUse(const DecoderUse&) = delete;
     DecoderUse& operator=(const DecoderUse&) = delete;
 
 private:
-    static inline std::mutex lock_;
-    static inline int users_ = 0;
-    static inline bool started_ = false;
-    static inline ULONG_PTR token_ = 0;
+    static inline std::mutex lock;
+    static inline int users = 0;
+    static inline bool started = false;
+    static inline ULONG_PTR token = 0;
 };
 
 struct Disposer {
