@@ -21,10 +21,10 @@ constexpr std::size_t kPathCapacity = 32768;
 class [[nodiscard]] FirstWindowTopmost {
 public:
     FirstWindowTopmost() : hook_(SetWindowsHookExW(WH_CBT, &Hook, nullptr, GetCurrentThreadId())) {
-        current_ = this;
+        current = this;
     }
     ~FirstWindowTopmost() {
-        current_ = nullptr;
+        current = nullptr;
         Release();
     }
     FirstWindowTopmost(const FirstWindowTopmost&) = delete;
@@ -32,8 +32,8 @@ public:
 
 private:
     static LRESULT CALLBACK Hook(int code, WPARAM w, LPARAM l) noexcept {
-        if (code == HCBT_ACTIVATE && current_) {
-            current_->Release();
+        if (code == HCBT_ACTIVATE && current) {
+            current->Release();
             SetWindowPos(reinterpret_cast<HWND>(w), HWND_TOPMOST, 0, 0, 0, 0,
                          SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
             return 0;
@@ -45,7 +45,7 @@ private:
         hook_ = nullptr;
     }
 
-    static inline FirstWindowTopmost* current_ = nullptr;
+    static inline FirstWindowTopmost* current = nullptr;
     HHOOK hook_;
 };
 

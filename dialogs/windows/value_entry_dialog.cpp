@@ -9,7 +9,7 @@
 
 namespace pixora {
 
-CValueEntry::CValueEntry(std::wstring shown, POINT anchor, DisplaySizeLimit limit)
+CValueEntry::CValueEntry(const std::wstring& shown, POINT anchor, DisplaySizeLimit limit)
     : Dialog(IDD_VALUE_ENTRY), anchor_(anchor), limit_(std::move(limit)) {
     entry_.Begin(shown);
 }

@@ -16,7 +16,7 @@ public:
     /// @param shown   the viewer's display size as its size list shows it, for example L"50%".
     /// @param anchor  the point of the screen where the user asked for the dialog.
     /// @param limit   refuses sizes that the image cannot be shown at.
-    CValueEntry(std::wstring shown, POINT anchor, DisplaySizeLimit limit);
+    CValueEntry(const std::wstring& shown, POINT anchor, DisplaySizeLimit limit);
 
     /// The new ratio text, after RunModal(); nothing when none was applied.
     [[nodiscard]] const std::optional<std::wstring>& NewRatio() const { return new_ratio_; }
