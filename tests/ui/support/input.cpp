@@ -50,16 +50,30 @@ ButtonFlags FlagsOf(Button button) {
     }
 }
 
-/// Two clicks at one place must not become a double click: a person who means two lets some time pass.
+POINT last_click{-100, -100};
+long long last_click_ms = 0;
+
+/// Whether a click there could be taken for the second half of a double click.
+bool AtLastClick(POINT screen) {
+    return std::abs(screen.x - last_click.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+           std::abs(screen.y - last_click.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+}
+
+/// A person who means two clicks lets some time pass.
 void WaitOutDoubleClick(POINT screen) {
-    static POINT last{-1, -1};
-    static long long last_ms = 0;
-    const bool same_place = std::abs(screen.x - last.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
-                            std::abs(screen.y - last.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
-    const long long end = last_ms + static_cast<long long>(GetDoubleClickTime());
-    if (same_place) WaitFor("the double-click time to pass", [&] { return Now_ms() > end; });
-    last = screen;
-    last_ms = Now_ms();
+    const long long end = last_click_ms + static_cast<long long>(GetDoubleClickTime());
+    if (AtLastClick(screen)) WaitFor("the double-click time to pass", [&] { return Now_ms() > end; });
+    last_click = screen;
+    last_click_ms = Now_ms();
+}
+
+/// The middle of a window, or beside it where the last click was there already.
+POINT ClickPoint(const Window& target) {
+    constexpr LONG kAside = 8;
+    const RECT frame = target.Frame();
+    POINT point = target.Centre();
+    if (AtLastClick(point) && frame.right - frame.left > 4 * kAside) point.x += kAside;
+    return point;
 }
 
 }  // namespace
@@ -83,14 +97,14 @@ void ClickAt(POINT screen, Button button) {
 }
 
 void Click(const Window& target, Button button) {
-    const POINT centre = target.Centre();
-    const Window hit(WindowFromPoint(centre));
+    const POINT point = ClickPoint(target);
+    const Window hit(WindowFromPoint(point));
     const bool covered = hit.ProcessId() != target.ProcessId() ||
                          GetAncestor(hit.Handle(), GA_ROOT) != GetAncestor(target.Handle(), GA_ROOT);
     if (covered)
         throw UiError("\"" + Narrow(target.Text()) + "\" cannot be clicked, \"" + Narrow(hit.Text()) +
                       "\" lies over it");
-    ClickAt(centre, button);
+    ClickAt(point, button);
 }
 
 void ClickCloseButton(const Window& window) {
@@ -99,7 +113,7 @@ void ClickCloseButton(const Window& window) {
     const LONG y = (frame.top + client.top) / 2;
     for (LONG x = frame.right - 1; x > frame.left; --x) {
         if (window.Send(WM_NCHITTEST, 0, MAKELPARAM(x, y)) != HTCLOSE) continue;
-        ClickAt({x - 4, y});
+        ClickAt(AtLastClick({x - 4, y}) ? POINT{x - 10, y} : POINT{x - 4, y});
         return;
     }
     throw UiError("\"" + Narrow(window.Text()) + "\" has no close button");
