@@ -47,6 +47,15 @@ TEST_CASE("the button with the three dots opens the chosen file") {
     program.Exit();
 }
 
+TEST_CASE("the open dialog starts with the stored folder and all files, with nothing put between them") {
+    Program program({.settings = {{L"PATH_OPEN", ScratchFolder().wstring() + L"\\holiday"}}});
+    Click(program.Item(kBrowse));
+    const FileDialog dialog(program.Running());
+    CHECK(dialog.Name() == L"holiday*.*");
+    dialog.Cancel();
+    program.Exit();
+}
+
 TEST_CASE("cancelling the open dialog changes nothing") {
     Program program;
     const std::wstring folder = StoredSetting(L"PATH_OPEN");
