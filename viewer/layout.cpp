@@ -5,6 +5,16 @@
 #include "viewer/display_size.h"
 
 namespace pixora {
+namespace {
+
+// No farther than a window can lie; an anchor can be as large as any number.
+std::int32_t MovedBack(std::int32_t edge, std::int32_t offset) {
+    const std::int64_t moved = std::int64_t{edge} - offset;
+    return static_cast<std::int32_t>(
+        std::min<std::int64_t>(std::max<std::int64_t>(moved, -kLargestCanvasSide), kLargestCanvasSide));
+}
+
+}  // namespace
 
 PixelSize CanvasSize(PixelSize image, double ratio) {
     const PixelSize shown = DisplayedSize(image, ratio);
@@ -18,7 +28,7 @@ PixelSize FrameSize(const PixelRect& window, PixelSize client) {
 }
 
 PixelRect PlaceWindow(const PixelRect& window, PixelSize frame, PixelSize canvas, PixelPoint anchor) {
-    const std::int32_t left = window.left - anchor.x, top = window.top - anchor.y;
+    const std::int32_t left = MovedBack(window.left, anchor.x), top = MovedBack(window.top, anchor.y);
     return {left, top, left + canvas.width + frame.width, top + canvas.height + frame.height};
 }
 

@@ -23,6 +23,7 @@ struct ViewerState {
     std::wstring ratio_text;       ///< the display ratio; always a valid ratio
     PixelPoint anchor;             ///< how far the next layout moves the window back; zero between layouts
     bool layout_requested = true;  ///< set by whoever changes the ratio; cleared by the viewer's tick
+    bool wheel_pending = false;    ///< a step of the wheel waits for its layout; further ones are ignored
 
     std::wstring caption_style;  ///< CAP_STYLE as the viewer last took it over
 

@@ -27,6 +27,11 @@ TEST_CASE("a window moves back by the anchor offset") {
     CHECK(PlaceWindow({100, 50, 306, 175}, {6, 25}, {200, 100}, {30, -20}) == PixelRect{70, 70, 276, 195});
 }
 
+TEST_CASE("an anchor of any size moves a window no farther than one can lie") {
+    CHECK(PlaceWindow({100, 50, 306, 175}, {6, 25}, {200, 100}, {2147483647, -2147483647}) ==
+          PixelRect{-32767, 32767, -32561, 32892});
+}
+
 TEST_CASE("a viewer shows at its second tick") {
     Visibility visibility;
     CHECK(visibility.Tick(false) == Change::none);
