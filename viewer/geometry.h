@@ -27,6 +27,10 @@ struct PixelRect {
     return {rect.right - rect.left, rect.bottom - rect.top};
 }
 
+[[nodiscard]] constexpr bool Contains(const PixelRect& rect, PixelPoint point) {
+    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+}
+
 /// `rect` shifted by the way from `from` to `to`.
 [[nodiscard]] constexpr PixelRect Shifted(const PixelRect& rect, PixelPoint from, PixelPoint to) {
     const std::int32_t dx = to.x - from.x, dy = to.y - from.y;

@@ -32,6 +32,12 @@ PixelRect PlaceWindow(const PixelRect& window, PixelSize frame, PixelSize canvas
     return {left, top, left + canvas.width + frame.width, top + canvas.height + frame.height};
 }
 
+PixelPoint KeyboardMenuPoint(PixelPoint cursor, const PixelRect& client) {
+    if (Contains(client, cursor)) return cursor;
+    const PixelSize size = SizeOf(client);
+    return {client.left + size.width / 2, client.top + size.height / 2};
+}
+
 Visibility::Change Visibility::Tick(bool hide) {
     switch (stage_) {
         case Stage::fresh:

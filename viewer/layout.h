@@ -22,6 +22,10 @@ inline constexpr std::int32_t kLargestCanvasSide = 32767;
 [[nodiscard]] PixelRect PlaceWindow(const PixelRect& window, PixelSize frame, PixelSize canvas,
                                     PixelPoint anchor);
 
+/// Where a menu opens that the keyboard asks for: at the cursor, or, when that is not over the client area,
+/// in its middle. All in screen coordinates.
+[[nodiscard]] PixelPoint KeyboardMenuPoint(PixelPoint cursor, const PixelRect& client);
+
 /// Decides tick by tick when a viewer's window shows. It is created hidden, shows at its second tick and
 /// follows the flag that hides all viewers.
 class Visibility {

@@ -78,6 +78,7 @@ private:
     std::wstring startup_path_;
     SharedFlags flags_;
     Settings settings_;
+    MonitorFacts monitor_ = MeasureMonitor();
     DataPaths paths_;
     UserFolders folders_;
     PathBox path_box_;

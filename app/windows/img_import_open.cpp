@@ -53,7 +53,7 @@ bool CImgImport::CreateViewer(const ImageBuffer& image) {
         PlaceViewer({area.left, area.top, area.right, area.bottom}, image.slot, CaptionHeight(Window()));
     ClearSlot(flags_, image.slot);
     auto viewer = std::make_unique<CDisplay>(
-        image, ViewerContext{&flags_, &settings_, paths_.settings_file, {corner.x, corner.y}});
+        image, ViewerContext{&flags_, &settings_, paths_.settings_file, {corner.x, corner.y}, monitor_});
     if (!viewer->Open()) {
         DeleteQuietly(image.display_copy);  // it would keep the slot taken
         DeleteQuietly(image.data_copy);

@@ -32,6 +32,14 @@ TEST_CASE("an anchor of any size moves a window no farther than one can lie") {
           PixelRect{-32767, 32767, -32561, 32892});
 }
 
+TEST_CASE("a menu that the keyboard asks for opens at the cursor or in the middle") {
+    constexpr PixelRect kClient{100, 50, 300, 151};
+    CHECK(KeyboardMenuPoint({100, 50}, kClient) == PixelPoint{100, 50});
+    CHECK(KeyboardMenuPoint({299, 150}, kClient) == PixelPoint{299, 150});
+    for (const PixelPoint outside : {PixelPoint{99, 60}, {300, 60}, {150, 49}, {150, 151}})
+        CHECK(KeyboardMenuPoint(outside, kClient) == PixelPoint{200, 100});
+}
+
 TEST_CASE("a viewer shows at its second tick") {
     Visibility visibility;
     CHECK(visibility.Tick(false) == Change::none);

@@ -87,7 +87,7 @@ void CDisplay::FollowSettings() {
 void CDisplay::FollowLayoutRequest() {
     if (!state_->layout_requested || IsIconic(Window())) return;
     LayOut();
-    state_->layout_requested = false;
+    state_->layout_requested = state_->wheel_pending = false;
 }
 
 void CDisplay::LayOut() {
@@ -122,6 +122,11 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_DPICHANGED:
             state_->layout_requested = true;  // the frame changes, the image never does
             return 0;
+        case WM_CONTEXTMENU:
+            return ShowContextMenu(l) ? std::optional<LRESULT>(0) : std::nullopt;
+        case WM_MOUSEWHEEL:
+            OnWheel(w, l);
+            return std::nullopt;
         case WM_MBUTTONDOWN:
             BeginDrag();
             return 0;
@@ -152,6 +157,19 @@ void CDisplay::Drag(bool button_held) {
     }
     const PixelRect moved = drag_.Follow(FromWin(ScreenRectangle(Window())), FromWin(CursorPosition()));
     MoveWindowTo(Window(), {moved.left, moved.top});
+}
+
+void CDisplay::OnTimer(UINT_PTR timer) {
+    if (timer == ZoomTip::kTimer) zoom_tip_.Hide();
+}
+
+Handled CDisplay::OnCommand(const Command& command) {
+    if (InModal()) return Handled::yes;  // a late one, from before the box
+    if (command.id == IDM_VIEW_CLOSE) {
+        Close();
+        return Handled::yes;
+    }
+    return OnSizeCommand(command.id);
 }
 
 void CDisplay::OnClose() {

@@ -13,6 +13,8 @@
 #include "viewer/layout.h"
 #include "viewer/viewer_state.h"
 #include "viewer/windows/image_canvas.h"
+#include "viewer/windows/zoom_tip.h"
+#include "viewer/zoom.h"
 
 namespace pixora {
 
@@ -22,7 +24,11 @@ struct ViewerContext {
     Settings* settings = nullptr;
     std::filesystem::path settings_path;
     POINT position{};  ///< where the window's top-left corner goes, in screen coordinates
+    MonitorFacts monitor;
 };
+
+/// The primary monitor as it is now; measured once, when the program starts.
+[[nodiscard]] MonitorFacts MeasureMonitor();
 
 /// One viewer. It raises the count of open viewers and its slot's viewer-open flag while its window exists,
 /// and deletes the image's temporary copies when it closes.
@@ -40,11 +46,14 @@ public:
 private:
     void OnInit() override;
     void OnTick() override;
+    void OnTimer(UINT_PTR timer) override;
+    Handled OnCommand(const Command& command) override;
     void OnClose() override;
     void OnDestroy() override;
     void OnGone() override { gone_ = true; }
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
 
+    // display.cpp: the window, its ticks and its end
     void FollowVisibility();
     void FollowSettings();
     void FollowLayoutRequest();
@@ -56,11 +65,26 @@ private:
     void DeleteTemporaryCopies();
     [[nodiscard]] bool& SlotFlag(SlotFlags SharedFlags::*flags) const;
 
+    // display_zoom.cpp: the context menu and the display size
+    [[nodiscard]] bool ShowContextMenu(LPARAM position);
+    [[nodiscard]] POINT MenuPoint(LPARAM position) const;
+    [[nodiscard]] PixelPoint ClientPoint(POINT screen) const;
+    [[nodiscard]] PixelRect ClientOnScreen() const;
+    Handled OnSizeCommand(int id);
+    void AskForSize();
+    void FitToMonitor();
+    void SetDefinedSize();
+    void SaveDefaultSize();
+    void OnWheel(WPARAM w, LPARAM l);
+    void Report(const std::optional<Message>& refusal);
+
     ViewerContext context_;
     std::shared_ptr<ViewerState> state_;
     CImageCanvas canvas_;
     Visibility visibility_;
     WindowDrag drag_;
+    ZoomTip zoom_tip_;
+    POINT menu_point_{};    ///< of the screen; where the context menu was last opened
     bool counted_ = false;  ///< this viewer is in the count of open viewers
     bool closing_ = false;
     bool gone_ = false;
