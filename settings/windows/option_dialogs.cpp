@@ -69,6 +69,9 @@ void OptionWindow::ShowSettings() {
 void OptionWindow::ShowStates() const {
     for (const OptionChoice& choice : OptionChoices(kind_)) {
         CheckDlgButton(Window(), choice.control, buttons_.IsOn(choice.control) ? BST_CHECKED : BST_UNCHECKED);
+        // A radio button that is off loses its tab stop, and with it the only way to it by keyboard.
+        const HWND button = Item(choice.control);
+        SetWindowLongPtrW(button, GWL_STYLE, GetWindowLongPtrW(button, GWL_STYLE) | WS_TABSTOP);
     }
     InvalidateRect(Window(), nullptr, TRUE);
 }
