@@ -65,7 +65,7 @@ build() {
     if { configure "$1" && cmake --build "build/$1" "${target[@]}" -j "$(nproc)"; } </dev/null >"$log" 2>&1; then
         return 0
     fi
-    { grep -i -E -m 20 'error|warning' "$log"; tail -n 10 "$log"; } | cut -c 1-300 >&2
+    { grep -E -m 20 '(error|warning): |CMake Error' "$log"; tail -n 10 "$log"; } | cut -c 1-300 >&2
     echo "Building $1 failed; see $log" >&2
     return 1
 }

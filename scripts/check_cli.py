@@ -280,7 +280,11 @@ def main():
     if len(sys.argv) != 2:
         print(__doc__)
         return 2
-    checks = Checks(pathlib.Path(sys.argv[1]).resolve())
+    program = pathlib.Path(sys.argv[1]).resolve()
+    if not program.is_file():
+        print(f"there is no program {program}")
+        return 2
+    checks = Checks(program)
     for path in sorted(SAMPLES.glob("*.bmp")) + sorted(SAMPLES.glob("*.tif")):
         image = Image(path)
         for check in (check_info, check_stats, check_histograms, check_profiles, check_conversion, check_saved_regions):
