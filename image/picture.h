@@ -18,7 +18,7 @@ namespace pixora {
 enum class RowOrder { top_down, bottom_up };
 
 /// Writes a bottom-up 24-bit BMP from pixels in the order in which they are read, a block of rows at a time.
-/// Pixels that never arrive are black and take no space on the disk.
+/// Pixels that never arrive are black.
 class PictureWriter {
 public:
     /// @param width, height  in pixels, at least 1.
@@ -48,16 +48,21 @@ public:
 private:
     PictureWriter(AtomicFile file, std::uint32_t width, std::uint32_t height, RowOrder order);
 
-    [[nodiscard]] std::size_t Place() const;
-    [[nodiscard]] std::span<std::byte> Row() { return std::span(block_).subspan(Place() * stride_, stride_); }
+    [[nodiscard]] bool TopDown() const { return order_ == RowOrder::top_down; }
+    [[nodiscard]] std::span<std::byte> Row();
     void NextRow();
-    void Flush();
+    void Flush(bool last);
+    void Write(std::uint64_t offset, std::span<const std::byte> bytes);
 
     AtomicFile file_;
     std::size_t width_, height_, stride_;
     RowOrder order_;
     std::size_t block_rows_;
-    std::vector<std::byte> block_;      // rows as they stand in the file
+    // Bytes as they stand in the file, next to what is written already: from the block's start for rows that
+    // arrive in the order of the file, up to its end for rows that arrive the other way round.
+    std::vector<std::byte> block_;
+    std::uint64_t edge_;                // where in the file the written part ends, or starts
+    std::size_t carried_ = 0;           // bytes of the block that wait for the rest of their page
     std::size_t row_ = 0, column_ = 0;  // of the next pixel, in the order of arrival
     std::size_t flushed_rows_ = 0;
     bool failed_ = false;
