@@ -7,6 +7,7 @@
 #include "base/file.h"
 #include "image/bmp_layout.h"
 #include "image/bmp_reader.h"
+#include "image/pixel_reader.h"
 #include "image/pixels.h"
 #include "image/tiff_reader.h"
 #include "image/valid_bits.h"
@@ -35,31 +36,34 @@ void ReadRawCopy(File& file, bool colour, std::uint16_t largest, Samples samples
     }
 }
 
+// Puts the pixels of a TIFF into the sample buffer as they come.
+class TiffSamples {
+public:
+    TiffSamples(Samples samples, std::size_t channels) : left_(samples), channels_(channels) {}
+
+    [[nodiscard]] static bool See(std::span<const std::byte>) { return true; }
+    void Take(std::span<const std::uint16_t> decoded) {
+        const std::size_t pixels = std::min(decoded.size() / channels_, left_.size() / 3);
+        if (channels_ == 1)
+            RepeatGrey(decoded.first(pixels), left_.first(3 * pixels));
+        else
+            std::copy_n(decoded.begin(), 3 * pixels, left_.begin());
+        left_ = left_.subspan(3 * pixels);
+    }
+    [[nodiscard]] static bool Keep(std::span<const std::uint16_t>) { return true; }
+
+private:
+    Samples left_;
+    std::size_t channels_;
+};
+
 // The byte copy of an 8- or 12-bit TIFF is read as the source was.
 void ReadTiffCopy(File& file, Samples samples) {
     const TiffHeader header = ReadTiffHeader(file);
     const std::optional<PixelLayout> layout = LayoutOf(header.info);
-    if (!layout || !file.Seek(header.info.first_strip_offset)) return;
-    const PixelUnit unit = UnitOf(*layout);
-    const std::size_t channels = ChannelsOf(*layout);
-    std::vector<std::byte> stored(kBlockBytes / unit.bytes * unit.bytes);
-    std::vector<std::uint16_t> decoded(stored.size() / unit.bytes * unit.pixels * channels);
-    // An odd last pixel of packed 12 bits is not read.
-    for (std::size_t units = samples.size() / 3 / unit.pixels; units > 0;) {
-        const std::size_t wanted = std::min(units, stored.size() / unit.bytes);
-        const std::size_t whole =
-            file.ReadUnits(std::span(stored).first(wanted * unit.bytes), unit.bytes).whole;
-        const std::size_t pixels = whole / unit.bytes * unit.pixels;
-        DecodePixels(*layout, std::span(stored).first(whole), decoded);
-        const auto part = std::span<const std::uint16_t>(decoded).first(pixels * channels);
-        if (channels == 1)
-            RepeatGrey(part, samples.first(3 * pixels));
-        else
-            std::copy(part.begin(), part.end(), samples.begin());
-        if (whole < wanted * unit.bytes) return;
-        samples = samples.subspan(3 * pixels);
-        units -= wanted;
-    }
+    if (!layout) return;
+    TiffSamples target(samples, ChannelsOf(*layout));
+    static_cast<void>(PixelReader(file, header.info, *layout).ForEachBlock(target));
 }
 
 // A display copy can be the byte copy of a user's file, so its rows may stand either way up.
@@ -68,17 +72,17 @@ void ReadDisplayCopy(File& file, int width, int height, Samples samples) {
     if (!header || !file.Seek(header->data_offset)) return;
     const auto row_samples = 3 * static_cast<std::size_t>(width);
     const auto stride = static_cast<std::size_t>(Bmp24Stride(static_cast<std::uint64_t>(width)));
-    std::vector<std::byte> block(std::max<std::size_t>(1, kBlockBytes / stride) * stride);
-    for (int row = 0; row < height;) {
-        const std::size_t whole = file.ReadUnits(block, stride).whole;
-        for (std::size_t at = 0; at < whole && row < height; at += stride, ++row) {
-            const int image_row = header->bottom_up ? height - 1 - row : row;
-            const auto target =
-                samples.subspan(static_cast<std::size_t>(image_row) * row_samples, row_samples);
-            DecodePixels(PixelLayout::mono8, std::span(block).subspan(at, row_samples), target);
+    const auto rows = static_cast<std::size_t>(height);
+    std::size_t row = 0;
+    const auto take_rows = [&](auto, std::span<const std::byte> whole) {
+        for (std::size_t at = 0; at < whole.size(); at += stride, ++row) {
+            const std::size_t image_row = header->bottom_up ? rows - 1 - row : row;
+            DecodePixels(PixelLayout::mono8, whole.subspan(at, row_samples),
+                         samples.subspan(image_row * row_samples, row_samples));
         }
-        if (whole < block.size()) return;
-    }
+        return true;
+    };
+    static_cast<void>(ForEachBlock(file, std::uint64_t{stride} * rows, stride, take_rows));
 }
 
 std::optional<SampleBuffer> Read(const ImageBuffer& image) {

@@ -1,5 +1,7 @@
 #include "viewer/windows/display.h"
 
+#include <windowsx.h>
+
 #include <utility>
 
 #include "platform/message_box.h"
@@ -128,7 +130,7 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
             OnWheel(w, l);
             return std::nullopt;
         case WM_MBUTTONDOWN:
-            BeginDrag();
+            BeginDrag(MousePoint(l));
             return 0;
         case WM_MOUSEMOVE:
             Drag((w & MK_MBUTTON) != 0);
@@ -144,9 +146,16 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
     }
 }
 
-void CDisplay::BeginDrag() {
+// On the screen, where the button went down: the cursor itself may be further by now.
+PixelPoint CDisplay::MousePoint(LPARAM l) const {
+    POINT point{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+    ClientToScreen(Window(), &point);
+    return FromWin(point);
+}
+
+void CDisplay::BeginDrag(PixelPoint cursor) {
     SetCapture(Window());
-    drag_.Begin(FromWin(CursorPosition()));
+    drag_.Begin(cursor);
 }
 
 void CDisplay::Drag(bool button_held) {

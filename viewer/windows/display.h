@@ -59,7 +59,8 @@ private:
     void FollowLayoutRequest();
     void LayOut();
     void ShowCaption();
-    void BeginDrag();
+    [[nodiscard]] PixelPoint MousePoint(LPARAM l) const;
+    void BeginDrag(PixelPoint cursor);
     void Drag(bool button_held);
     void Close();
     void DeleteTemporaryCopies();
