@@ -1,8 +1,10 @@
 #include "base/file.h"
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "base/utf8.h"
@@ -54,13 +56,41 @@ bool IsWriteProtected(const fs::path& path) {
     return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
 }
 
-// A name beside `target` that no file bears, so that nothing of the user's is overwritten on the way.
-fs::path FreeTemporaryName(const fs::path& target) {
+// Where the ending of a temporary name goes.
+enum class Ending { after_name, in_place_of_end };
+constexpr Ending kEndings[] = {Ending::after_name, Ending::in_place_of_end};
+
+fs::path TemporaryName(const fs::path& target, Ending place, int number) {
+    const fs::path ending(".tmp" + std::to_string(number));
+    fs::path::string_type name = target.filename().native();
+    if (place == Ending::in_place_of_end)
+        name.resize(name.size() - std::min(name.size(), ending.native().size()));
+    return target.parent_path() / (name + ending.native());
+}
+
+// A name that no file bears, so that nothing of the user's is overwritten on the way.
+fs::path FreeTemporaryName(const fs::path& target, Ending place) {
     std::error_code ignored;
     for (int number = 0;; ++number) {
-        fs::path name = target;
-        name += ".tmp" + std::to_string(number);
+        fs::path name = TemporaryName(target, place, number);
         if (!fs::exists(name, ignored)) return name;
+    }
+}
+
+// On Windows a file that is open elsewhere cannot be replaced, and virus scanners and indexers open every new
+// file for a moment.
+#ifdef _WIN32
+constexpr std::chrono::milliseconds kLongestPause{32};
+#else
+constexpr std::chrono::milliseconds kLongestPause{0};
+#endif
+
+bool Replace(const fs::path& target, const fs::path& replacement) {
+    for (std::chrono::milliseconds pause{1};; pause *= 2) {
+        std::error_code error;
+        fs::rename(replacement, target, error);
+        if (!error || pause > kLongestPause) return !error;
+        std::this_thread::sleep_for(pause);
     }
 }
 
@@ -157,29 +187,29 @@ AtomicFile::~AtomicFile() {
 
 std::optional<AtomicFile> AtomicFile::Create(const fs::path& target) {
     if (IsFolder(target) || IsWriteProtected(target)) return std::nullopt;
-    fs::path temporary = FreeTemporaryName(target);
-    std::optional<File> file = File::Create(temporary);
-    if (!file) return std::nullopt;
-    return AtomicFile(target, std::move(temporary), *std::move(file));
+    // A name as long as names can be leaves no room for an ending after it.
+    for (const Ending place : kEndings) {
+        fs::path temporary = FreeTemporaryName(target, place);
+        if (std::optional<File> file = File::Create(temporary))
+            return AtomicFile(target, std::move(temporary), *std::move(file));
+    }
+    return std::nullopt;
 }
 
 bool AtomicFile::Commit() {
-    if (!file_.Close()) return false;
-    std::error_code error;
-    fs::rename(temporary_, target_, error);
-    if (error) return false;
+    if (!file_.Close() || !Replace(target_, temporary_)) return false;
     temporary_.clear();
     return true;
 }
 
-std::optional<std::string> ReadWholeFile(const fs::path& path, std::uint64_t limit) {
-    std::optional<File> file = File::OpenForReading(path);
-    if (!file) return std::nullopt;
-    const std::uint64_t size = file->Size();
-    if (size > limit) return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    if (file->Read(std::as_writable_bytes(std::span(bytes))) != bytes.size()) return std::nullopt;
-    return bytes;
+void DeleteInterruptedReplacements(const fs::path& target) {
+    std::error_code ignored;
+    for (const Ending place : kEndings)
+        for (int number = 0;; ++number) {
+            const fs::path name = TemporaryName(target, place, number);
+            if (!fs::exists(name, ignored)) break;
+            DeleteQuietly(name);
+        }
 }
 
 bool WriteWholeFile(const fs::path& path, std::string_view bytes) {

@@ -1,6 +1,7 @@
 // Files as byte streams, read and written in large blocks.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -10,12 +11,14 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pixora {
 
 /// How much is read or written at a time: large enough that the calls cost nothing, small enough to stay in
-/// the processor's cache between reading, converting and writing.
-inline constexpr std::size_t kBlockBytes = std::size_t{1} << 18;
+/// the processor's cache between reading, converting and writing. A whole number of pages, and of the 2, 3,
+/// 4, 6 and 9 bytes that pixels take.
+inline constexpr std::size_t kBlockBytes = std::size_t{63} * 4096;
 
 /// An open binary file; closed with its owner. Not buffered: callers pass whole blocks.
 class File {
@@ -56,6 +59,26 @@ private:
     std::unique_ptr<std::FILE, Closer> file_;
 };
 
+/// Reads up to `total` bytes, a whole number of units of `unit` bytes, from where the file stands, block by
+/// block. Calls `consume(got, whole)` for each: the bytes that the file held, and the same with what is
+/// missing of a last unit as zeros. It says whether to go on; a file that ends early just ends the reading.
+/// @return false when `consume` did.
+template <typename Consume>
+[[nodiscard]] bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume consume) {
+    std::vector<std::byte> block(std::max<std::size_t>(1, kBlockBytes / unit) * unit);
+    for (std::uint64_t done = 0; done < total;) {
+        const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), total - done));
+        const auto [got, whole] = file.ReadUnits(std::span(block).first(wanted), unit);
+        if (got == 0) break;
+        if (!consume(std::span<const std::byte>(block).first(got),
+                     std::span<const std::byte>(block).first(whole)))
+            return false;
+        done += got;
+        if (got < wanted) break;
+    }
+    return true;
+}
+
 /// A file that appears under its name only when it is complete: written to a temporary name in the same
 /// folder and renamed over the target by Commit(); removed again by the destructor otherwise.
 class AtomicFile {
@@ -69,7 +92,8 @@ public:
 
     /// The file under its temporary name, to write to.
     [[nodiscard]] File& Out() { return file_; }
-    /// Closes and puts the file under its name. @return false when that failed; the target is then unchanged.
+    /// Closes and puts the file under its name. Where another program holds the target open it is tried for
+    /// a moment. @return false when that failed; the target is then unchanged.
     [[nodiscard]] bool Commit();
 
 private:
@@ -78,9 +102,10 @@ private:
     File file_;
 };
 
-/// The whole file, or nothing when it cannot be opened, read or is longer than `limit` bytes.
-[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::filesystem::path& path,
-                                                       std::uint64_t limit);
+/// Deletes what replacements of `target` left beside it because the program or the machine stopped in the
+/// middle of them. Only for folders that hold no files of the user's.
+void DeleteInterruptedReplacements(const std::filesystem::path& target);
+
 /// Replaces the file by `bytes`, whole or not at all.
 [[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view bytes);
 /// Deletes the file if it exists, write-protected or not; never fails loudly.

@@ -30,24 +30,6 @@ ReadResult CheckHeader(const BmpHeader& header) {
     return ReadResult::accepted;
 }
 
-// Reads up to `total` bytes, a whole number of units, from where the file stands, and hands each block to
-// `consume` with what is missing of its last unit as zeros.
-template <typename Consume>
-bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume consume) {
-    std::vector<std::byte> block(std::max<std::size_t>(1, kBlockBytes / unit) * unit);
-    for (std::uint64_t done = 0; done < total;) {
-        const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), total - done));
-        const auto [got, whole] = file.ReadUnits(std::span(block).first(wanted), unit);
-        if (got == 0) break;
-        if (!consume(std::span<const std::byte>(block).first(got),
-                     std::span<const std::byte>(block).first(whole)))
-            return false;
-        done += got;
-        if (got < wanted) break;
-    }
-    return true;
-}
-
 // 24 bits: the display copy is the source itself. Its rows are looked at in file order, since only whether
 // any pixel has colour is asked.
 BmpConversion Copy24(File& source, const BmpHeader& header, const fs::path& display_copy) {

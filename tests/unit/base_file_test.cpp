@@ -2,10 +2,14 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <thread>
 
 #include "tests/unit/support/scratch_folder.h"
 
@@ -25,6 +29,19 @@ std::string Next(File& file, std::size_t count) {
     std::string text(count, '\0');
     text.resize(file.Read(std::as_writable_bytes(std::span(text))));
     return text;
+}
+
+/// The first bytes of a file, "(none)" when it cannot be opened.
+std::string Content(const fs::path& path) {
+    std::optional<File> file = File::OpenForReading(path);
+    return file ? Next(*file, 1000) : "(none)";
+}
+
+/// A file in `folder` whose name is as long as names and paths can be.
+fs::path LongestPath(const ScratchFolder& folder) {
+    constexpr std::size_t kLongestName = 255, kLongestPath = 259;
+    const std::size_t left = kLongestPath - folder.Path().native().size() - 1;
+    return folder / std::string(std::min(kLongestName, left), 'n');
 }
 
 }  // namespace
@@ -89,7 +106,6 @@ TEST_CASE("bytes are written as they are, line ends and Ctrl+Z too") {
     CHECK(file->Write({}));
     CHECK(file->Close());
     CHECK(folder.Read("a") == bytes);
-    CHECK(ReadWholeFile(folder / "a", 9) == bytes);
 }
 
 TEST_CASE("a closed file cannot be closed again") {
@@ -100,15 +116,47 @@ TEST_CASE("a closed file cannot be closed again") {
     CHECK_FALSE(file->Close());
 }
 
-TEST_CASE("a whole file is read up to a limit") {
+TEST_CASE("blocks are handed on to the end of what is asked for or of the file") {
     const ScratchFolder folder;
     folder.Write("a", "0123456789");
-    CHECK(ReadWholeFile(folder / "a", 10) == "0123456789");
-    CHECK_FALSE(ReadWholeFile(folder / "a", 9).has_value());
-    CHECK_FALSE(ReadWholeFile(folder / "missing", 10).has_value());
-    CHECK_FALSE(ReadWholeFile(folder.Path(), 10).has_value());
-    folder.Write("empty", "");
-    CHECK(ReadWholeFile(folder / "empty", 0) == "");
+    auto file = File::OpenForReading(folder / "a");
+    REQUIRE(file.has_value());
+    std::string all;
+    const auto take = [&](std::span<const std::byte> got, std::span<const std::byte> whole) {
+        for (const std::byte byte : whole) all.push_back(byte == std::byte{} ? '_' : static_cast<char>(byte));
+        all += "|" + std::to_string(got.size());
+        return true;
+    };
+    CHECK(file->Seek(2));
+    CHECK(ForEachBlock(*file, 4, 4, take));
+    CHECK(all == "2345|4");
+    all.clear();
+    CHECK(ForEachBlock(*file, 40, 8, take));  // four bytes are left, half of a unit
+    CHECK(all == "6789____|4");
+    all.clear();
+    CHECK(ForEachBlock(*file, 8, 4, take));
+    CHECK(ForEachBlock(*file, 0, 4, take));
+    CHECK(all.empty());
+}
+
+TEST_CASE("a long file is handed on in more than one block, until there is enough") {
+    const ScratchFolder folder;
+    constexpr std::size_t kBytes = 3 * kBlockBytes + 1;
+    folder.Write("a", std::string(kBytes, 'x'));
+    auto file = File::OpenForReading(folder / "a");
+    REQUIRE(file.has_value());
+    std::size_t bytes = 0;
+    int calls = 0;
+    CHECK(ForEachBlock(*file, kBytes, 1, [&](auto got, auto) {
+        bytes += got.size();
+        ++calls;
+        return true;
+    }));
+    CHECK(bytes == kBytes);
+    CHECK(calls == 4);
+    CHECK(file->Seek(0));
+    CHECK_FALSE(ForEachBlock(*file, kBytes, 1, [&](auto, auto) { return ++calls < 6; }));
+    CHECK(calls == 6);
 }
 
 TEST_CASE("a file is replaced as a whole") {
@@ -170,6 +218,60 @@ TEST_CASE("a temporary name never takes a file of the user's") {
     CHECK(folder.Names() == "a a.tmp0");
 }
 
+TEST_CASE("a file of the longest possible name is replaced too") {
+    const ScratchFolder folder;
+    const fs::path path = LongestPath(folder);
+    CHECK(WriteWholeFile(path, "first"));
+    CHECK(Content(path) == "first");
+    CHECK(WriteWholeFile(path, "second"));
+    CHECK(Content(path) == "second");
+    CHECK(folder.Names() == path.filename().string());
+}
+
+TEST_CASE("a file that another program holds open is replaced or stays as it is, as the system allows") {
+    const ScratchFolder folder;
+    std::ifstream holder(folder.Write("a", "old"), std::ios::binary);
+    REQUIRE(holder.is_open());
+#ifdef _WIN32
+    CHECK_FALSE(WriteWholeFile(folder / "a", "new"));
+    CHECK(folder.Read("a") == "old");
+    DeleteQuietly(folder / "a");
+    CHECK(folder.Names() == "a");
+#else
+    CHECK(WriteWholeFile(folder / "a", "new"));
+    CHECK(folder.Read("a") == "new");
+    CHECK(folder.Names() == "a");
+#endif
+}
+
+TEST_CASE("a file that another program opens for a moment is replaced") {
+    const ScratchFolder folder;
+    std::ifstream holder(folder.Write("a", "old"), std::ios::binary);
+    REQUIRE(holder.is_open());
+    std::thread scanner([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        holder.close();
+    });
+    CHECK(WriteWholeFile(folder / "a", "new"));
+    scanner.join();
+    CHECK(folder.Read("a") == "new");
+    CHECK(folder.Names() == "a");
+}
+
+TEST_CASE("what interrupted replacements left is deleted, and nothing else") {
+    const ScratchFolder folder;
+    for (const char* name : {"Pixora.ini", "Pixora.ini.tmp0", "Pixora.ini.tmp1", "Pixor.tmp0",
+                             "Pixora.ini.tmp", "Pixora.ini.tmpx", "Other.ini.tmp0"})
+        folder.Write(name, "x");
+    DeleteInterruptedReplacements(folder / "Pixora.ini");
+    CHECK(folder.Names() == "Other.ini.tmp0 Pixora.ini Pixora.ini.tmp Pixora.ini.tmpx");
+    fs::create_directory(folder / "Pixora.ini.tmp0");
+    folder.Write("Pixora.ini.tmp1", "x");
+    DeleteInterruptedReplacements(folder / "Pixora.ini");
+    CHECK(folder.Names() == "Other.ini.tmp0 Pixora.ini Pixora.ini.tmp Pixora.ini.tmp0 Pixora.ini.tmpx");
+    DeleteInterruptedReplacements(folder / "missing" / "a");
+}
+
 TEST_CASE("a file is deleted even when it is write-protected, and a folder never") {
     const ScratchFolder folder;
     folder.Write("a", "x");
@@ -186,6 +288,6 @@ TEST_CASE("names may hold any character") {
     const ScratchFolder folder;
     const fs::path name(u8"\u753B\u50CF \U0001F4F7.txt");
     CHECK(WriteWholeFile(folder.Path() / name, "x"));
-    CHECK(ReadWholeFile(folder.Path() / name, 1) == "x");
+    CHECK(Content(folder.Path() / name) == "x");
     CHECK(WideText(name) == L"\u753B\u50CF \U0001F4F7.txt");
 }
