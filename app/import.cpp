@@ -94,7 +94,7 @@ private:
         const TiffInfo& info = type_.tiff.info;
         width_ = info.width;
         height_ = info.height;
-        record_.colour = info.photometric == 2;
+        record_.colour = info.IsColour();
         record_.stored_bits = record_.colour ? info.ChannelBits() : info.SingleBits();
     }
 
@@ -148,7 +148,7 @@ private:
         record_.data_copy = DataCopyPath(request_.data_folder, record_.slot, ".tiff");
         record_.data_kind = record_.file_kind;
         record_.valid_bits = type_.bits;
-        return Refusal(ConvertTiff(request_.source, record_.display_copy, record_.data_copy).result);
+        return Refusal(ConvertTiff(request_.source, record_.display_copy, record_.data_copy));
     }
 
     [[nodiscard]] std::optional<Message> Refusal(ReadResult result) const {

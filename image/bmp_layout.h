@@ -1,9 +1,7 @@
 // The two kinds of BMP file that are written: 24-bit colour and 8-bit grey.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "base/bytes.h"
 

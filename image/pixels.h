@@ -59,9 +59,8 @@ struct PixelUnit {
 
 /// Decodes whole units of a layout that does not store words.
 /// @param stored   a whole number of units.
-/// @param samples  as many pixels as the units hold, ChannelsOf(layout) samples each; colour in the order
-/// blue,
-///                 green, red. Values as stored, without any scaling.
+/// @param samples  as many pixels as the units hold, ChannelsOf(layout) samples each, colour as blue, green,
+///                 red; values as stored, without any scaling.
 void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::span<std::uint16_t> samples);
 
 /// The same, in place, for a layout that stores words.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <vector>
 
 #include "base/bytes.h"
@@ -218,11 +217,6 @@ private:
 
 TiffHeader ReadTiffHeader(File& file) {
     return HeaderReader(file).Read();
-}
-
-TiffHeader ReadTiffHeader(const std::filesystem::path& path) {
-    std::optional<File> file = File::OpenForReading(path);
-    return file ? ReadTiffHeader(*file) : TiffHeader{};
 }
 
 }  // namespace pixora

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <filesystem>
 
 #include "base/file.h"
 #include "image/image_buffer.h"
@@ -28,6 +27,8 @@ struct TiffInfo {
 
     [[nodiscard]] std::uint16_t SingleBits() const { return bits[3]; }
     [[nodiscard]] std::uint16_t ChannelBits() const { return bits[0]; }
+    /// True for RGB; grey files have photometric 1, all other kinds are not read.
+    [[nodiscard]] bool IsColour() const { return photometric == 2; }
 };
 
 struct TiffHeader {
@@ -38,7 +39,5 @@ struct TiffHeader {
 
 /// Reads the header of an open file. Nothing is allocated by what the file claims beyond its own directory.
 [[nodiscard]] TiffHeader ReadTiffHeader(File& file);
-/// The same for a file by its path; kind `unknown` also when it cannot be opened.
-[[nodiscard]] TiffHeader ReadTiffHeader(const std::filesystem::path& path);
 
 }  // namespace pixora

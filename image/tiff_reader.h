@@ -22,17 +22,12 @@ namespace pixora {
 /// 0. Both places where the header keeps a bit depth count, 16 before 12.
 [[nodiscard]] int DisplayShift(const TiffInfo& info);
 
-struct TiffConversion {
-    ReadResult result = ReadResult::accepted;
-    bool colour = false;
-};
-
-/// Writes the display copy of an uncompressed grey or RGB file: a 24-bit BMP of the upper eight bits of every
-/// sample. What a short file does not hold is black; one without any pixel data is invalid.
-/// @param byte_copy  when not empty: a copy of the whole source is written there in the same pass over it.
-[[nodiscard]] TiffConversion ConvertTiff(const std::filesystem::path& source,
-                                         const std::filesystem::path& display_copy,
-                                         const std::filesystem::path& byte_copy = {});
+/// Writes both copies of an uncompressed grey or RGB file in one pass over it: the display copy, a 24-bit BMP
+/// of the upper eight bits of every sample, and the byte copy, the whole source as it is. What a short file
+/// does not hold is black; one without any pixel data is invalid.
+[[nodiscard]] ReadResult ConvertTiff(const std::filesystem::path& source,
+                                     const std::filesystem::path& display_copy,
+                                     const std::filesystem::path& byte_copy);
 
 struct Tiff16Conversion {
     bool data_written = false;     ///< the data copy is complete

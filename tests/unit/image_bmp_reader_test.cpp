@@ -103,6 +103,18 @@ TEST_CASE("an image without width or height is invalid, one too large is not sup
           ReadResult::not_supported);
 }
 
+TEST_CASE("a header of twelve bytes is read like any other, which refuses the file") {
+    // Its sizes take two bytes each: 5 x 7 is read as a width of 5 + 7 x 65536.
+    const std::string bytes = "BM" + Bytes({0, 0, 0, 0, 0, 0, 0, 0, 26, 0, 0, 0, 12, 0, 0, 0}) +
+                              Bytes({5, 0, 7, 0, 1, 0, 24, 0}) + std::string(112, '\0');
+    CHECK(Convert(bytes).conversion.result != ReadResult::accepted);
+    CHECK(Convert(bytes).copy == "(none)");
+    const ScratchFolder folder;
+    const auto header = ReadBmpHeader(folder.Write("a.bmp", bytes));
+    REQUIRE(header.has_value());
+    CHECK(header->width == 5 + 7 * 65536);
+}
+
 TEST_CASE("a file without one byte of pixel data is invalid, one byte is enough") {
     for (const std::uint16_t bits : {std::uint16_t{8}, std::uint16_t{24}, std::uint16_t{32}}) {
         CAPTURE(bits);

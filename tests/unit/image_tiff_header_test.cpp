@@ -14,7 +14,9 @@ namespace {
 
 TiffHeader Header(const std::string& bytes) {
     const ScratchFolder folder;
-    return ReadTiffHeader(folder.Write("a.tif", bytes));
+    std::optional<File> file = File::OpenForReading(folder.Write("a.tif", bytes));
+    REQUIRE(file.has_value());
+    return ReadTiffHeader(*file);
 }
 
 FileType Type(const std::string& bytes) {

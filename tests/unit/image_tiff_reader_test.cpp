@@ -13,7 +13,7 @@ using namespace pixora::test;
 namespace {
 
 struct Copies {
-    TiffConversion conversion;
+    ReadResult result;
     std::string display, byte_copy;
     [[nodiscard]] std::string Rows() const { return display.substr(54); }
 };
@@ -21,8 +21,8 @@ struct Copies {
 Copies Convert(const std::string& bytes) {
     const ScratchFolder folder;
     const auto source = folder.Write("a.tif", bytes);
-    const TiffConversion conversion = ConvertTiff(source, folder / "display.bmp", folder / "copy.tiff");
-    return {conversion, folder.Read("display.bmp"), folder.Read("copy.tiff")};
+    const ReadResult result = ConvertTiff(source, folder / "display.bmp", folder / "copy.tiff");
+    return {result, folder.Read("display.bmp"), folder.Read("copy.tiff")};
 }
 
 struct Copies16 {
@@ -45,8 +45,7 @@ TEST_CASE("8-bit grey shows each byte three times, bottom-up, and is copied whol
     const std::string bytes =
         TiffFile{.width = 2, .height = 2, .pixels = Bytes({1, 2, 3, 0x7F}) + "trailer"}.Make();
     const Copies copies = Convert(bytes);
-    CHECK(copies.conversion.result == ReadResult::accepted);
-    CHECK_FALSE(copies.conversion.colour);
+    CHECK(copies.result == ReadResult::accepted);
     CHECK(copies.Rows() == Bytes({3, 3, 3, 0x7F, 0x7F, 0x7F, 0, 0, 1, 1, 1, 2, 2, 2, 0, 0}));
     CHECK(copies.byte_copy == bytes);
 }
@@ -54,7 +53,6 @@ TEST_CASE("8-bit grey shows each byte three times, bottom-up, and is copied whol
 TEST_CASE("8-bit RGB becomes blue, green, red") {
     const Copies copies =
         Convert(TiffFile{.width = 2, .photometric = 2, .pixels = Bytes({1, 2, 3, 4, 5, 6})}.Make());
-    CHECK(copies.conversion.colour);
     CHECK(copies.Rows() == Bytes({3, 2, 1, 6, 5, 4, 0, 0}));
 }
 
@@ -140,7 +138,7 @@ TEST_CASE("refusals in their order: compression, damage, CMYK, other kinds") {
         file.pixels = "pixels";
         const Copies copies = Convert(file.Make());
         CHECK(copies.display == "(none)");
-        return copies.conversion.result;
+        return copies.result;
     };
     CHECK(result({.compression = 2}) == ReadResult::compressed);
     CHECK(result({.photometric = 5, .compression = 5}) == ReadResult::compressed);
@@ -157,23 +155,23 @@ TEST_CASE("refusals in their order: compression, damage, CMYK, other kinds") {
 }
 
 TEST_CASE("a compression of 0 is no compression") {
-    CHECK(Convert(TiffFile{.compression = 0, .pixels = "x"}.Make()).conversion.result ==
-          ReadResult::accepted);
+    CHECK(Convert(TiffFile{.compression = 0, .pixels = "x"}.Make()).result == ReadResult::accepted);
 }
 
 TEST_CASE("a source that cannot be opened is not supported") {
     const ScratchFolder folder;
-    CHECK(ConvertTiff(folder / "missing.tif", folder / "a.bmp").result == ReadResult::not_supported);
+    CHECK(ConvertTiff(folder / "missing.tif", folder / "a.bmp", folder / "a.tiff") ==
+          ReadResult::not_supported);
     CHECK_FALSE(ConvertTiff16(folder / "missing.tif", folder / "a.bmp", folder / "a.bin", 16).data_written);
     CHECK(folder.Names().empty());
 }
 
 TEST_CASE("a TIFF without one byte of pixel data is refused, one byte is enough") {
     TiffFile file{.width = 3, .height = 2};
-    CHECK(Convert(file.Make()).conversion.result == ReadResult::invalid);
+    CHECK(Convert(file.Make()).result == ReadResult::invalid);
     file.pixels = "\x55";
     const Copies copies = Convert(file.Make());
-    CHECK(copies.conversion.result == ReadResult::accepted);
+    CHECK(copies.result == ReadResult::accepted);
     CHECK(copies.Rows() == std::string(12, '\0') + "\x55\x55\x55" + std::string(9, '\0'));
 
     TiffFile file16{.width = 2, .bits = 16};
@@ -193,6 +191,15 @@ TEST_CASE("pixels are read straight through from the first strip, whatever the o
     CHECK(Convert(file.Make()).Rows() == Bytes({0xBB, 0xBB, 0xBB, 0, 0xAA, 0xAA, 0xAA, 0}));
 }
 
+TEST_CASE("files with extra samples or separate planes are read as three samples a pixel all the same") {
+    TiffFile file{.width = 2, .photometric = 2, .pixels = Bytes({1, 2, 3, 255, 4, 5, 6, 255})};
+    file.more = {{277, 3, 1, 4}};
+    CHECK(Convert(file.Make()).Rows() == Bytes({3, 2, 1, 5, 4, 255, 0, 0}));
+    file.pixels = Bytes({1, 2, 3, 4, 5, 6});
+    file.more = {{284, 3, 1, 2}};
+    CHECK(Convert(file.Make()).Rows() == Bytes({3, 2, 1, 6, 5, 4, 0, 0}));
+}
+
 TEST_CASE("a strip table too large to be fetched has the pixels read from the start of the file") {
     TiffFile file{.width = 2};
     file.with_bits = true;
@@ -201,7 +208,7 @@ TEST_CASE("a strip table too large to be fetched has the pixels read from the st
     const std::size_t entry = 10 + 12 * 5;
     bytes.replace(entry, 12, Bytes({0x11, 0x01, 4, 0, 0, 9, 0, 0, 8, 0, 0, 0}));
     const Copies copies = Convert(bytes);
-    CHECK(copies.conversion.result == ReadResult::accepted);
+    CHECK(copies.result == ReadResult::accepted);
     CHECK(copies.Rows() == Bytes({'I', 'I', 'I', 'I', 'I', 'I', 0, 0}));
 }
 
@@ -305,8 +312,8 @@ TEST_CASE("copies that cannot be written leave nothing half-written") {
     std::filesystem::create_directory(folder / "taken");
     const auto grey = folder.Write("a.tif", TiffFile{.pixels = "x"}.Make());
     const auto grey16 = folder.Write("b.tif", TiffFile{.bits = 16, .pixels = "xx"}.Make());
-    CHECK(ConvertTiff(grey, folder / "taken").result == ReadResult::write_failed);
-    CHECK(ConvertTiff(grey, folder / "a.bmp", folder / "taken").result == ReadResult::write_failed);
+    CHECK(ConvertTiff(grey, folder / "taken", folder / "a.tiff") == ReadResult::write_failed);
+    CHECK(ConvertTiff(grey, folder / "a.bmp", folder / "taken") == ReadResult::write_failed);
     CHECK_FALSE(ConvertTiff16(grey16, folder / "a.bmp", folder / "taken", 16).data_written);
     CHECK(folder.Names() == "a.tif b.tif taken");
     const Tiff16Conversion no_display = ConvertTiff16(grey16, folder / "taken", folder / "a.bin", 16);
