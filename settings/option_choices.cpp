@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "settings/settings_file.h"
+#include "settings/stored_keys.h"
 
 namespace pixora {
 namespace {
@@ -120,7 +121,7 @@ bool OptionButtons::IsOn(int control) const {
 
 bool SaveOptions(OptionDialog dialog, const std::filesystem::path& path, const Settings& settings) {
     if (dialog != OptionDialog::main_option) return SaveSettings(path, settings);
-    static_cast<void>(PutSettingValue(path, L"MAIN_POS=", settings.MAIN_POS));
+    static_cast<void>(PutSettingValue(path, kMainPos.key, settings.MAIN_POS));
     return true;
 }
 

@@ -1,11 +1,7 @@
-// The settings record and the settings file.
+// The settings record.
 #pragma once
 
-#include <array>
-#include <filesystem>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace pixora {
 

@@ -2,14 +2,18 @@
 
 #include <system_error>
 
+#include "base/file.h"
 #include "base/number_text.h"
+#include "settings/stored_keys.h"
 
 namespace pixora {
 
 namespace fs = std::filesystem;
 
 DataPaths DataPathsIn(const fs::path& application_data) {
-    const fs::path folder = application_data / "Zelka" / "Pixora";
+    // As a text, so that without an application data folder it is no folder below the current one.
+    fs::path folder = application_data;
+    folder += (fs::path("/Zelka") / "Pixora").make_preferred();
     return {folder, folder / "Pixora.ini"};
 }
 
@@ -21,6 +25,7 @@ bool CreateDataFolder(const DataPaths& paths) {
 
 StartedSettings StartSettings(const fs::path& path, const UserFolders& folders) {
     StartedSettings started;
+    DeleteInterruptedReplacements(path);
     SettingsLoadResult result = LoadSettings(path, started.settings);
     if (result == SettingsLoadResult::complete) {
         started.settings.SettingsStatus = L"TRUE";
@@ -56,19 +61,19 @@ bool StoreListedDisplaySize(const fs::path& path, Settings& settings, std::wstri
 
 bool StoreTypedDisplaySize(const fs::path& path, Settings& settings, std::wstring_view ratio_text) {
     settings.IMG_SIZE = ratio_text;
-    return PutSettingValue(path, L"IMG_SIZE=", ratio_text);
+    return PutSettingValue(path, kImgSize.key, ratio_text);
 }
 
 bool StoreOpenFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
     settings.PATH_OPEN = folder;
-    return PutSettingValue(path, L"PATH_OPEN=", folder);
+    return PutSettingValue(path, kPathOpen.key, folder);
 }
 
 bool StoreMainPosition(const fs::path& path, Settings& settings, std::int32_t x, std::int32_t y) {
     settings.MAIN_POS_X = FormatWhole(x);
     settings.MAIN_POS_Y = FormatWhole(y);
-    const bool x_written = PutSettingValue(path, L"MAIN_POS_X=", settings.MAIN_POS_X);
-    const bool y_written = PutSettingValue(path, L"MAIN_POS_Y=", settings.MAIN_POS_Y);
+    const bool x_written = PutSettingValue(path, kMainPosX.key, settings.MAIN_POS_X);
+    const bool y_written = PutSettingValue(path, kMainPosY.key, settings.MAIN_POS_Y);
     return x_written && y_written;
 }
 

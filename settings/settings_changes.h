@@ -25,8 +25,9 @@ struct StartedSettings {
     bool created_default = false;  ///< tell the user kDefaultFileCreated
     bool unusable = false;         ///< the fault handler was called; `settings` holds the defaults
 };
-/// Reads the settings file; when it is missing or incomplete writes a default one and reads that. When not
-/// even that can be read, the settings are the default ones in memory.
+/// Deletes what interrupted saves left in the data folder, then reads the settings file; when it is missing
+/// or incomplete writes a default one and reads that. When not even that can be read, the settings are the
+/// default ones in memory.
 [[nodiscard]] StartedSettings StartSettings(const std::filesystem::path& path, const UserFolders& folders);
 
 /// Writes the default file and reads it back into `settings`; when it cannot be read back, `settings` gets

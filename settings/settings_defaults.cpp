@@ -5,13 +5,13 @@
 
 #include "dialogs/identity.h"
 #include "settings/settings_file.h"
-#include "settings/settings_text.h"
+#include "settings/stored_keys.h"
 
 namespace pixora {
 namespace {
 
 constexpr int kMaxSortedLines = 1'024;
-constexpr int kDefaultLines = 16;
+constexpr int kDefaultLines = static_cast<int>(kSaveOrder.size());
 
 // Moves the lines that hold something to the front, in order. @return how many there are.
 std::size_t DropEmptyLines(std::vector<std::wstring>& lines, std::size_t count) {
@@ -37,14 +37,9 @@ void SortSettingLines(std::vector<std::wstring>& lines, int& count) {
 }
 
 int BuildDefaultSettingLines(std::vector<std::wstring>& lines, const UserFolders& folders) {
-    const std::wstring documents = folders.documents + L"\\";
-    const std::wstring pictures = folders.pictures + L"\\";
-    std::vector<std::wstring> defaults = {
-        L"AUTO_BIT=ON",           L"CAP_STYLE=SIMPLE",      L"IMG_SIZE=0.500",   L"PATH_CSV=" + documents,
-        L"PATH_OPEN=" + pictures, L"PATH_SAVE=" + pictures, L"BDR_COLOR=GREEN",  L"BDR_TYPE=AREA",
-        L"LINE_COLOR=RED",        L"LVL_CURSOR=ON",         L"VALID_BITS=16",    L"MAIN_POS=LAST",
-        L"MAIN_POS_X=10",         L"MAIN_POS_Y=10",         L"MARK_COLOR=WHITE", L"HIS_BINNING=ON",
-    };
+    const Settings values = DefaultSettings(folders);
+    std::vector<std::wstring> defaults;
+    for (const auto& [key, field] : kSaveOrder) defaults.push_back(std::wstring(key) + values.*field);
     int count = kDefaultLines;
     SortSettingLines(defaults, count);
     if (lines.size() < defaults.size()) lines.resize(defaults.size());

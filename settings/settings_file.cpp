@@ -1,48 +1,16 @@
 #include "settings/settings_file.h"
 
-#include <array>
 #include <system_error>
 #include <utility>
 
 #include "base/file.h"
 #include "settings/settings_text.h"
+#include "settings/stored_keys.h"
 
 namespace pixora {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct StoredKey {
-    std::wstring_view key;
-    std::wstring Settings::*field;
-};
-
-constexpr StoredKey kMainPos{L"MAIN_POS=", &Settings::MAIN_POS};
-constexpr StoredKey kMainPosX{L"MAIN_POS_X=", &Settings::MAIN_POS_X};
-constexpr StoredKey kMainPosY{L"MAIN_POS_Y=", &Settings::MAIN_POS_Y};
-constexpr StoredKey kCapStyle{L"CAP_STYLE=", &Settings::CAP_STYLE};
-constexpr StoredKey kImgSize{L"IMG_SIZE=", &Settings::IMG_SIZE};
-constexpr StoredKey kBdrColor{L"BDR_COLOR=", &Settings::BDR_COLOR};
-constexpr StoredKey kBdrType{L"BDR_TYPE=", &Settings::BDR_TYPE};
-constexpr StoredKey kLineColor{L"LINE_COLOR=", &Settings::LINE_COLOR};
-constexpr StoredKey kLvlCursor{L"LVL_CURSOR=", &Settings::LVL_CURSOR};
-constexpr StoredKey kValidBits{L"VALID_BITS=", &Settings::VALID_BITS};
-constexpr StoredKey kMarkColor{L"MARK_COLOR=", &Settings::MARK_COLOR};
-constexpr StoredKey kHisBinning{L"HIS_BINNING=", &Settings::HIS_BINNING};
-constexpr StoredKey kAutoBit{L"AUTO_BIT=", &Settings::AUTO_BIT};
-constexpr StoredKey kPathCsv{L"PATH_CSV=", &Settings::PATH_CSV};
-constexpr StoredKey kPathOpen{L"PATH_OPEN=", &Settings::PATH_OPEN};
-constexpr StoredKey kPathSave{L"PATH_SAVE=", &Settings::PATH_SAVE};
-
-// Deliberate: the main window's position is read twice.
-constexpr std::array kLoadOrder = {kMainPos,  kMainPosX, kMainPosY,  kCapStyle,  kImgSize,
-                                   kBdrColor, kBdrType,  kLineColor, kLvlCursor, kValidBits,
-                                   kMainPos,  kMainPosX, kMainPosY,  kMarkColor, kHisBinning,
-                                   kAutoBit,  kPathCsv,  kPathOpen,  kPathSave};
-constexpr std::array kSaveOrder = {kAutoBit,    kCapStyle,  kImgSize,  kBdrColor, kBdrType,  kLineColor,
-                                   kLvlCursor,  kValidBits, kMainPos,  kMainPosX, kMainPosY, kMarkColor,
-                                   kHisBinning, kPathCsv,   kPathOpen, kPathSave};
-static_assert(kLoadOrder.size() == 19 && kSaveOrder.size() == 16);
 
 enum class Outcome { done, failed, unusable };
 

@@ -37,8 +37,7 @@ void SetSettingsFaultHandler(SettingsFaultHandler handler);
 /// Finds the first line that starts with `key` before the line ".END". Nothing is trimmed.
 /// @param key    the search text with its equals sign, for example L"PATH_CSV=".
 /// @param value  the rest of the line; of a file without ".END" and without the key its whole text, which
-/// counts
-///               as success; empty on failure.
+///               counts as success; empty on failure.
 [[nodiscard]] bool GetSettingValue(const std::filesystem::path& path, std::wstring_view key,
                                    std::wstring& value);
 /// Replaces the value of the first line that starts with `key`, whole file or not at all.

@@ -29,6 +29,10 @@ TEST_CASE("the data folder and the settings file lie in Zelka Pixora of the appl
     CHECK(paths.settings_file == fs::path("base") / "Zelka" / "Pixora" / "Pixora.ini");
 }
 
+TEST_CASE("without an application data folder the data folder is not looked for in the current one") {
+    CHECK(DataPathsIn(fs::path()).settings_file == fs::path("/Zelka/Pixora/Pixora.ini"));
+}
+
 TEST_CASE("the data folder is created at start and may exist already") {
     const ScratchFolder folder;
     const DataPaths paths = DataPathsIn(folder.Path());
@@ -53,6 +57,17 @@ TEST_CASE("start-up with a complete file reads it and sets the status") {
     CHECK_FALSE(started.unusable);
     CHECK(started.settings.SettingsStatus == L"TRUE");
     CHECK(started.settings.MAIN_POS == L"TR");
+}
+
+TEST_CASE("start-up deletes what interrupted saves left, and reads the file that they did not replace") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    CHECK(WriteDefaultSettingsFile(path, kFolders));
+    folder.Write("Pixora.ini.tmp0", "half a fi");
+    folder.Write("Pixora.ini.tmp1", "");
+    folder.Write("import_img_00.bmp", "x");
+    CHECK_FALSE(StartSettings(path, kFolders).created_default);
+    CHECK(folder.Names() == "Pixora.ini import_img_00.bmp");
 }
 
 TEST_CASE("start-up without a file writes the default one, reads it and says so") {
