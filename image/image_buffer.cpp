@@ -3,6 +3,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/characters.h"
 #include "base/file.h"
 
 namespace pixora {
@@ -43,8 +44,8 @@ std::optional<int> FindFreeSlot(const fs::path& data_folder) {
 
 bool IsTemporaryCopyName(std::wstring_view file_name) {
     constexpr std::wstring_view kStart = L"import_img_0";
-    return file_name.starts_with(kStart) && file_name.size() > kStart.size() + 1 &&
-           file_name[kStart.size() + 1] == L'.';
+    return file_name.size() > kStart.size() + 1 && file_name[kStart.size() + 1] == L'.' &&
+           EqualInAnyCase(file_name.substr(0, kStart.size()), kStart);
 }
 
 void DeleteTemporaryCopies(const fs::path& data_folder) {

@@ -69,7 +69,8 @@ struct ImageBuffer {
 /// all eight are taken.
 [[nodiscard]] std::optional<int> FindFreeSlot(const std::filesystem::path& data_folder);
 
-/// True for the names of temporary copies: "import_img_0", any one character, a dot and any extension.
+/// True for the names of temporary copies, in any case: "import_img_0", any one character, a dot and any
+/// extension.
 [[nodiscard]] bool IsTemporaryCopyName(std::wstring_view file_name);
 /// Deletes every temporary copy in the data folder, write-protected ones too; files in use stay.
 void DeleteTemporaryCopies(const std::filesystem::path& data_folder);

@@ -1,24 +1,18 @@
 #include "image/region_save.h"
 
-#include <algorithm>
-#include <array>
-#include <string>
-
+#include "base/characters.h"
 #include "base/file.h"
 #include "image/image_writer.h"
+#include "image/valid_bits.h"
 
 namespace pixora {
 namespace {
 
 namespace fs = std::filesystem;
 
-wchar_t LowerAscii(wchar_t c) {
-    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c;
-}
-
-bool IsKnownDepth(std::uint32_t bits) {
-    constexpr std::array<std::uint32_t, 5> kDepths{8, 10, 12, 14, 16};
-    return std::find(kDepths.begin(), kDepths.end(), bits) != kDepths.end();
+bool IsComplete(const RegionPixels& region) {
+    const std::uint64_t pixels = std::uint64_t{region.width} * region.height;
+    return pixels > 0 && region.samples.size() == pixels * (region.colour ? 3 : 1);
 }
 
 bool SaveTiff(const RegionPixels& region, const fs::path& path) {
@@ -40,13 +34,13 @@ bool SaveBmp(const RegionPixels& region, const fs::path& path) {
 bool ChoosesTiff(std::wstring_view path) {
     const std::size_t dot = path.rfind(L'.');
     if (dot == std::wstring_view::npos) return false;
-    std::wstring extension(path.substr(dot));
-    std::transform(extension.begin(), extension.end(), extension.begin(), LowerAscii);
-    return extension == L".tif" || extension == L".tiff";
+    const std::wstring_view extension = path.substr(dot);
+    return EqualInAnyCase(extension, L".tif") || EqualInAnyCase(extension, L".tiff");
 }
 
 bool SaveRegion(const RegionPixels& region, const fs::path& path) {
-    if (region.samples.empty() || !IsKnownDepth(region.bits)) return false;
+    const bool known_depth = region.bits <= 16 && IsValidBitCount(static_cast<int>(region.bits));
+    if (!known_depth || !IsComplete(region)) return false;
     return ChoosesTiff(WideText(path)) ? SaveTiff(region, path) : SaveBmp(region, path);
 }
 

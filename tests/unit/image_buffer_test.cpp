@@ -71,13 +71,15 @@ TEST_CASE("the file name is what follows the last separator, cut at 259 characte
 TEST_CASE("temporary copies are told by their name and deleted, write-protected ones too") {
     CHECK(IsTemporaryCopyName(L"import_img_00.bmp"));
     CHECK(IsTemporaryCopyName(L"import_img_0X.anything"));
+    CHECK(IsTemporaryCopyName(L"IMPORT_Img_00.BMP"));
+    CHECK(IsTemporaryCopyName(L"import_img_00.bmp.tmp0"));
     CHECK_FALSE(IsTemporaryCopyName(L"import_img_10.bmp"));
     CHECK_FALSE(IsTemporaryCopyName(L"import_img_0.bmp"));
     CHECK_FALSE(IsTemporaryCopyName(L"my import_img_00.bmp"));
 
     const ScratchFolder folder;
-    for (const char* name :
-         {"import_img_00.bmp", "import_img_05.bin", "import_img_0a.tiff", "import_img_10.bmp", "Pixora.ini"})
+    for (const char* name : {"import_img_00.bmp", "import_img_05.bin", "import_img_0a.tiff",
+                             "Import_img_07.BMP", "import_img_10.bmp", "Pixora.ini"})
         folder.Write(name, "x");
     std::filesystem::permissions(folder / "import_img_05.bin", std::filesystem::perms::owner_read);
     std::filesystem::create_directory(folder / "import_img_03.bmp");

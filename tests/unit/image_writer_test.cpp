@@ -173,3 +173,16 @@ TEST_CASE("other depths and empty regions are not saved") {
             for (const bool colour : {false, true}) CHECK(Saved({1, 2, 3}, colour, bits, name) == "(none)");
     CHECK(Saved({}, false, 8, "a.bmp") == "(none)");
 }
+
+TEST_CASE("samples that are not as many as the region's size says are not saved") {
+    const ScratchFolder folder;
+    const Samples samples(12, 7);
+    RegionPixels region{.width = 2, .height = 2, .colour = true, .samples = samples};
+    CHECK(SaveRegion(region, folder / "a.tif"));
+    region.height = 3;
+    for (const char* name : {"b.bmp", "b.tif"}) CHECK_FALSE(SaveRegion(region, folder / name));
+    region.height = 2;
+    region.colour = false;
+    for (const char* name : {"b.bmp", "b.tif"}) CHECK_FALSE(SaveRegion(region, folder / name));
+    CHECK(folder.Names() == "a.tif");
+}
