@@ -2,7 +2,6 @@
 // system calls in turn, before and after the call, and killed there.
 #include <doctest/doctest.h>
 #include <sys/ptrace.h>
-#include <sys/resource.h>
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,10 +12,11 @@
 #include <string>
 
 #include "settings/settings_file.h"
+#include "tests/unit/support/child.h"
 #include "tests/unit/support/scratch_folder.h"
 
 using namespace pixora;
-using pixora::test::ScratchFolder;
+using namespace pixora::test;
 
 namespace {
 
@@ -31,16 +31,6 @@ Settings Changed() {
     settings.MAIN_POS = L"TR";
     settings.MAIN_POS_X = L"-1234";
     return settings;
-}
-
-/// Runs `work` in a child process. @return its exit status.
-int InChild(const std::function<int()>& work) {
-    const pid_t child = fork();
-    if (child == 0) _exit(work());
-    int status = 0;
-    REQUIRE(waitpid(child, &status, 0) == child);
-    REQUIRE(WIFEXITED(status));
-    return WEXITSTATUS(status);
 }
 
 /// Runs `work` in a child process and kills it at its `stop`-th entry to or return from a system call.
@@ -137,10 +127,8 @@ TEST_CASE("a save on a full disk leaves the old file and nothing else") {
     const fs::path path = folder / "Pixora.ini";
     WriteDefaultSettingsFile(path, kOld);
     const std::string before = folder.Read("Pixora.ini");
-    const int status = InChild([&] {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{100, 100};  // bytes that a file may grow to: less than the settings take
-        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return 2;
+    constexpr std::uint64_t kLessThanTheSettingsTake = 100;
+    const int status = InChildOnFullDisk(kLessThanTheSettingsTake, [&] {
         WriteDefaultSettingsFile(path, kNew);
         return SaveSettings(path, Changed()) ? 0 : 1;
     });
