@@ -67,7 +67,7 @@ std::int32_t Truncate(double value) {
 
 double ParseDecimal(std::wstring_view text) {
     std::string number = NumberCharacters(WithoutLeadingBlanks(text));
-    if (number.starts_with('+')) number.erase(0, 1);
+    if (number.starts_with('+') && !number.starts_with("+-")) number.erase(0, 1);  // from_chars knows no plus
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     if (result.ec == std::errc::invalid_argument) return 0.0;

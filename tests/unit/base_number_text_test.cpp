@@ -56,6 +56,8 @@ TEST_CASE("numbers are written with a point, whatever the locale") {
 TEST_CASE("numbers beyond the range of a double are huge or nothing") {
     const double huge = std::numeric_limits<double>::max();
     const std::wstring zeros(400, L'0');
+    CHECK(ParseDecimal(L"+5") == 5.0);
+    CHECK(ParseDecimal(L"+-5") == 0.0);
     CHECK(ParseDecimal(L"1e999") == huge);
     CHECK(ParseDecimal(L"-1e999") == -huge);
     CHECK(ParseDecimal(L"1" + zeros) == huge);
