@@ -37,7 +37,7 @@ struct TiffFile {
     int compression = 1;
     std::string pixels{};
     std::vector<TiffEntry> more{};  ///< entries after the usual ones; a second entry of a tag wins
-    bool with_bits = true;        ///< an entry 258 at all
+    bool with_bits = true;          ///< an entry 258 at all
 
     [[nodiscard]] std::string Make() const;
     /// Where the pixel data starts in Make()'s result.
