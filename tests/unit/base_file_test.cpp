@@ -37,11 +37,14 @@ std::string Content(const fs::path& path) {
     return file ? Next(*file, 1000) : "(none)";
 }
 
-/// A file in `folder` whose name is as long as names and paths can be.
+/// A file in `folder` whose name is as long as the system allows.
 fs::path LongestPath(const ScratchFolder& folder) {
-    constexpr std::size_t kLongestName = 255, kLongestPath = 259;
-    const std::size_t left = kLongestPath - folder.Path().native().size() - 1;
-    return folder / std::string(std::min(kLongestName, left), 'n');
+    std::size_t name_length = 255;
+#ifdef _WIN32
+    constexpr std::size_t kLongestPath = 259;
+    name_length = std::min(name_length, kLongestPath - folder.Path().native().size() - 1);
+#endif
+    return folder / std::string(name_length, 'n');
 }
 
 }  // namespace

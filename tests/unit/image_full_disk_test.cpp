@@ -1,10 +1,13 @@
 // A disk that fills up while copies and regions are written.
 #include <doctest/doctest.h>
+#include <sys/resource.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "app/import.h"
+#include "image/picture.h"
 #include "image/region_save.h"
 #include "tests/unit/support/child.h"
 #include "tests/unit/support/image_bytes.h"
@@ -50,6 +53,15 @@ std::vector<Source> Sources() {
             {"16-bit TIFF, cut off", tiff(1, 16, 10)}};
 }
 
+ImportResult ImportInto(const ScratchFolder& data, const std::filesystem::path& source) {
+    return ImportImage({.source = source,
+                        .data_folder = data.Path(),
+                        .display_size = L"1.00",
+                        .valid_bits = L"16",
+                        .auto_bit = L"ON",
+                        .before_long_import = {}});
+}
+
 }  // namespace
 
 TEST_CASE("an import on a full disk is refused with words and leaves nothing") {
@@ -62,12 +74,7 @@ TEST_CASE("an import on a full disk is refused with words and leaves nothing") {
             CAPTURE(file_bytes);
             const ScratchFolder data;
             const int status = InChildOnFullDisk(file_bytes, [&] {
-                const ImportResult result = ImportImage({.source = path,
-                                                         .data_folder = data.Path(),
-                                                         .display_size = L"1.00",
-                                                         .valid_bits = L"16",
-                                                         .auto_bit = L"ON",
-                                                         .before_long_import = {}});
+                const ImportResult result = ImportInto(data, path);
                 if (result.image) return 1;
                 const bool data_copy_failed = result.message.line2 == L"This file is invalid or corrupt.";
                 return data_copy_failed || result.message.line2 == L"Failed to Open Image File" ? 0 : 2;
@@ -78,25 +85,52 @@ TEST_CASE("an import on a full disk is refused with words and leaves nothing") {
     }
 }
 
-TEST_CASE("a 16-bit TIFF says which copy the disk was too full for") {
+TEST_CASE("a 16-bit TIFF says which copy the disk was too full for, cut off or not") {
     const ScratchFolder sources;
-    const auto path = sources.Write(
-        "a.img",
-        TiffFile{.width = 400, .height = 400, .bits = 16, .pixels = std::string(320'000, 'x')}.Make());
-    const auto second_line_on = [&](std::uint64_t file_bytes, const wchar_t* expected) {
-        const ScratchFolder data;
-        return InChildOnFullDisk(file_bytes, [&] {
-            const ImportResult result = ImportImage({.source = path,
-                                                     .data_folder = data.Path(),
-                                                     .display_size = L"1.00",
-                                                     .valid_bits = L"16",
-                                                     .auto_bit = L"ON",
-                                                     .before_long_import = {}});
-            return !result.image && result.message.line2 == expected ? 0 : 1;
-        });
+    for (const std::size_t pixel_bytes : {320'000, 10}) {
+        CAPTURE(pixel_bytes);
+        const TiffFile file{.width = 400, .height = 400, .bits = 16, .pixels = std::string(pixel_bytes, 'x')};
+        const auto path = sources.Write("a.img", file.Make());
+        const auto says_on = [&](std::uint64_t file_bytes, const wchar_t* expected) {
+            const ScratchFolder data;
+            return InChildOnFullDisk(file_bytes, [&] {
+                const ImportResult result = ImportInto(data, path);
+                return !result.image && result.message.line2 == expected ? 0 : 1;
+            });
+        };
+        CHECK(says_on(319'999, L"This file is invalid or corrupt.") == 0);
+        CHECK(says_on(320'000, L"Failed to Open Image File") == 0);
+    }
+}
+
+TEST_CASE("a picture whose writing failed for a while is not kept, although it has its full length") {
+    const auto set_limit = [](std::uint64_t file_bytes) {
+        rlimit limit{};
+        if (getrlimit(RLIMIT_FSIZE, &limit) != 0) return false;
+        limit.rlim_cur = file_bytes;
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0;
     };
-    CHECK(second_line_on(319'999, L"This file is invalid or corrupt.") == 0);
-    CHECK(second_line_on(320'000, L"Failed to Open Image File") == 0);
+    for (const RowOrder order : {RowOrder::top_down, RowOrder::bottom_up}) {
+        const ScratchFolder folder;
+        const int status = InChildOnFullDisk(RLIM_INFINITY, [&] {
+            // Rows of 1,200 bytes; what is appended at a time is more than is kept back.
+            auto picture = PictureWriter::Create(folder / "a.bmp", 400, 3000, order);
+            const auto append_rows = [&](std::size_t rows) {
+                picture->Append(400 * rows, [](std::size_t, std::span<std::byte> run) {
+                    std::ranges::fill(run, std::byte{7});
+                });
+            };
+            if (!picture) return 2;
+            append_rows(1000);
+            if (!set_limit(0)) return 3;
+            append_rows(1000);
+            if (!set_limit(RLIM_INFINITY)) return 4;
+            append_rows(1000);
+            return picture->Commit() ? 1 : 0;
+        });
+        CHECK(status == 0);
+        CHECK(folder.Names().empty());
+    }
 }
 
 TEST_CASE("a region saved to a full disk fails and leaves the old file") {
