@@ -11,13 +11,16 @@
 namespace {
 
 /// Leaves a picture of the screen at the first failed check of each test.
-class ShotListener : public doctest::IReporter {
+class TestListener : public doctest::IReporter {
 public:
-    explicit ShotListener(const doctest::ContextOptions&) {}
+    explicit TestListener(const doctest::ContextOptions&) {}
     void log_assert(const doctest::AssertData& data) override {
         if (data.m_failed && !taken_) pixora::ui::SaveFailureShot(), taken_ = true;
     }
-    void test_case_start(const doctest::TestCaseData&) override { taken_ = false; }
+    void test_case_start(const doctest::TestCaseData&) override {
+        taken_ = false;
+        pixora::ui::BeginTest();
+    }
 
     void report_query(const doctest::QueryData&) override {}
     void test_run_start() override {}
@@ -34,7 +37,7 @@ private:
     bool taken_ = false;
 };
 
-REGISTER_LISTENER("shots", 1, ShotListener);
+REGISTER_LISTENER("tests", 1, TestListener);
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pixora::ui {
 
@@ -24,6 +25,15 @@ struct StringMaker<std::wstring> {
 template <std::size_t length>
 struct StringMaker<wchar_t[length]> {
     static String convert(const wchar_t* text) { return StringMaker<std::wstring>::convert(text); }
+};
+
+template <>
+struct StringMaker<std::vector<std::wstring>> {
+    static String convert(const std::vector<std::wstring>& texts) {
+        String all = "[";
+        for (const std::wstring& text : texts) all += (all.size() > 1 ? ", " : "") + toString(text);
+        return all + "]";
+    }
 };
 
 }  // namespace doctest

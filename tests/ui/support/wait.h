@@ -15,15 +15,18 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// How long anything may take. Far more than it takes, because the machine may be busy; a test that fails
-/// waits once, because a wait that ends in vain ends its test case.
+/// How long anything may take. Far more than it takes, because the machine may be busy.
 inline constexpr int kPatience_ms = 15'000;
 
 /// Runs at every look while something is waited for, and throws when waiting has become pointless because
 /// the program has ended. There is one program at a time.
 void SetWatch(std::function<void()> watch);
 
-/// Looks until `condition` holds. @param what  completes "waited in vain for ...".
+/// Forgets that an earlier test has waited in vain.
+void BeginTest();
+
+/// Looks until `condition` holds. Once a test has waited in vain it waits no more: its checks go on after an
+/// exception, and each would wait its time. @param what  completes "waited in vain for ...".
 void WaitFor(const std::string& what, const std::function<bool()>& condition, int limit_ms = kPatience_ms);
 
 /// Looks until `find` returns something, and returns it.
