@@ -111,6 +111,20 @@ TEST_CASE("a strip table of 8,193 bytes and more leaves the first offset at 0, i
     }
 }
 
+TEST_CASE("8,192 bytes of values are fetched, 8,193 are not") {
+    for (const auto& [count, colour_map] : {std::pair{8192u, 0x55}, {8193u, 0}}) {
+        CAPTURE(count);
+        TiffFile file;
+        file.more = {{320, 1, count, 0}};
+        const std::uint32_t data = file.DataOffset();
+        file.more = {{320, 1, count, data}};
+        file.pixels = std::string(10'000, '\x55');
+        const TiffHeader header = Header(file.Make());
+        CHECK(header.complete);
+        CHECK(header.info.colour_map == colour_map);
+    }
+}
+
 TEST_CASE("values beyond the file make the header incomplete, what was read stays") {
     for (const TiffEntry& entry :
          {TiffEntry{282, 5, 1, 0xFFFFFFF0}, TiffEntry{258, 3, 4, 100000}, TiffEntry{320, 3, 100, 8}}) {

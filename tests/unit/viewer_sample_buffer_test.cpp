@@ -142,6 +142,34 @@ TEST_CASE("values beyond the depth are held at its largest value") {
     CHECK(buffer->Pixel(0, 0)[2] == 1023);
 }
 
+TEST_CASE("a copy that is not the one that was imported fills no more than the image") {
+    const ScratchFolder folder;
+    ImageBuffer image;
+    image.width = image.height = 2;
+    image.display_copy =
+        folder.Write("a.bmp", BmpFile{.width = 9, .height = 9, .pixels = std::string(270, 'x')}.Make());
+    CHECK(ReadSampleBuffer(image).has_value());
+    for (const int photometric : {1, 2}) {
+        for (const int bits : {8, 12, 16}) {
+            CAPTURE(photometric);
+            CAPTURE(bits);
+            image.data_copy = folder.Write("a.tiff", TiffFile{.width = 9,
+                                                              .height = 9,
+                                                              .photometric = photometric,
+                                                              .bits = bits,
+                                                              .pixels = std::string(500, 'x')}
+                                                         .Make());
+            const auto buffer = ReadSampleBuffer(image);
+            REQUIRE(buffer.has_value());
+            CHECK(buffer->samples.All().size() == 12);
+        }
+    }
+    image.data_copy = folder.Write("b.tiff", "no TIFF any more");
+    const auto buffer = ReadSampleBuffer(image);
+    REQUIRE(buffer.has_value());
+    CHECK(buffer->Pixel(1, 1)[0] == 0);
+}
+
 TEST_CASE("without its copy, or without memory, there is no buffer") {
     ImageBuffer image;
     image.width = image.height = 1;
