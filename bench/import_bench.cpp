@@ -2,6 +2,7 @@
 // many bytes as the copies have, with nothing computed.
 #include <benchmark/benchmark.h>
 
+#include <cstring>
 #include <vector>
 
 #include "app/import.h"
@@ -59,6 +60,18 @@ void ReadAndWriteOnly(benchmark::State& state, Format format, Size size) {
     }
     state.counters["megapixels"] = static_cast<double>(size.Pixels()) / 1e6;
 }
+
+// The processor's own limit: copying bytes from one place in memory to another.
+void CopyMemory(benchmark::State& state) {
+    const std::vector<std::byte> from(std::size_t{64} << 20, std::byte{7});
+    std::vector<std::byte> to(from.size());
+    for (auto _ : state) {
+        std::memcpy(to.data(), from.data(), from.size());
+        benchmark::DoNotOptimize(to.data());
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * from.size()));
+}
+BENCHMARK(CopyMemory)->Unit(benchmark::kMillisecond);
 
 #define PIXORA_BENCH_IMPORT(format, size)                                                               \
     BENCHMARK_CAPTURE(Import, format##_##size, Format::format, k##size)->Unit(benchmark::kMillisecond); \
