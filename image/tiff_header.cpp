@@ -1,7 +1,7 @@
 #include "image/tiff_header.h"
 
 #include <algorithm>
-#include <limits>
+#include <array>
 #include <vector>
 
 #include "base/bytes.h"
@@ -11,44 +11,49 @@ namespace {
 
 constexpr std::size_t kEntryBytes = 12;
 constexpr std::uint64_t kInlineBytes = 4;
-// Longer value arrays are not fetched; their field keeps its default.
+// Value arrays of so many bytes and more are not fetched; their field keeps its default.
 constexpr std::uint64_t kFetchLimit = 8193;
-// No field takes more than four values of two bytes or one fraction of eight from its entry.
+// No field takes more than four values of four bytes from its entry.
 constexpr std::size_t kUsedValueBytes = 16;
 
-enum Tag : std::uint16_t {
-    kImageWidth = 256,
-    kImageLength = 257,
-    kBitsPerSample = 258,
-    kCompression = 259,
-    kPhotometricInterpretation = 262,
-    kStripOffsets = 273,
-    kRowsPerStrip = 278,
-    kStripByteCounts = 279,
-    kXResolution = 282,
-    kYResolution = 283,
-    kResolutionUnit = 296,
-    kColorMap = 320,
+constexpr std::uint16_t kBitsPerSample = 258;
+constexpr std::uint16_t kStripOffsets = 273;
+
+// A field that takes the first value of its entry, or a fraction.
+template <typename T>
+struct Field {
+    std::uint16_t tag;
+    T TiffInfo::*member;
+};
+using Fraction = std::array<std::uint32_t, 2>;
+constexpr std::array kLongFields = {
+    Field<std::uint32_t>{256, &TiffInfo::width},
+    Field<std::uint32_t>{257, &TiffInfo::height},
+    Field<std::uint32_t>{kStripOffsets, &TiffInfo::first_strip_offset},
+    Field<std::uint32_t>{278, &TiffInfo::rows_per_strip},
+    Field<std::uint32_t>{279, &TiffInfo::strip_byte_count},
+};
+constexpr std::array kShortFields = {
+    Field<std::uint16_t>{259, &TiffInfo::compression},
+    Field<std::uint16_t>{262, &TiffInfo::photometric},
+    Field<std::uint16_t>{296, &TiffInfo::resolution_unit},
+    Field<std::uint16_t>{320, &TiffInfo::colour_map},
+};
+constexpr std::array kFractionFields = {
+    Field<Fraction>{282, &TiffInfo::x_resolution},
+    Field<Fraction>{283, &TiffInfo::y_resolution},
 };
 
+// The member that the tag fills, or nothing.
+template <typename T, std::size_t kCount>
+T TiffInfo::*MemberOf(const std::array<Field<T>, kCount>& fields, std::uint16_t tag) {
+    const auto found = std::ranges::find(fields, tag, &Field<T>::tag);
+    return found == fields.end() ? nullptr : found->member;
+}
+
 bool IsKept(std::uint16_t tag) {
-    switch (tag) {
-        case kImageWidth:
-        case kImageLength:
-        case kBitsPerSample:
-        case kCompression:
-        case kPhotometricInterpretation:
-        case kStripOffsets:
-        case kRowsPerStrip:
-        case kStripByteCounts:
-        case kXResolution:
-        case kYResolution:
-        case kResolutionUnit:
-        case kColorMap:
-            return true;
-        default:
-            return false;
-    }
+    return tag == kBitsPerSample || MemberOf(kLongFields, tag) || MemberOf(kShortFields, tag) ||
+           MemberOf(kFractionFields, tag);
 }
 
 // Bytes of one value of types 1 to 12; other types have no values.
@@ -90,53 +95,13 @@ void StoreBits(const EntryValues& values, std::uint64_t all_bytes, TiffInfo& inf
     for (std::size_t i = 0; i < count; ++i) info.bits[i] = Narrow16(values.Value(i));
 }
 
-void StoreFraction(const EntryValues& values, std::array<std::uint32_t, 2>& fraction) {
-    if (values.bytes.size() >= 8) fraction = {values.U32(0), values.U32(4)};
-}
-
 void Store(std::uint16_t tag, const EntryValues& values, std::uint64_t all_bytes, TiffInfo& info) {
     if (values.Count() == 0) return;
-    const std::uint32_t first = values.Value(0);
-    switch (tag) {
-        case kImageWidth:
-            info.width = first;
-            break;
-        case kImageLength:
-            info.height = first;
-            break;
-        case kBitsPerSample:
-            StoreBits(values, all_bytes, info);
-            break;
-        case kCompression:
-            info.compression = Narrow16(first);
-            break;
-        case kPhotometricInterpretation:
-            info.photometric = Narrow16(first);
-            break;
-        case kStripOffsets:
-            info.first_strip_offset = first;
-            break;
-        case kRowsPerStrip:
-            info.rows_per_strip = first;
-            break;
-        case kStripByteCounts:
-            info.strip_byte_count = first;
-            break;
-        case kXResolution:
-            StoreFraction(values, info.x_resolution);
-            break;
-        case kYResolution:
-            StoreFraction(values, info.y_resolution);
-            break;
-        case kResolutionUnit:
-            info.resolution_unit = Narrow16(first);
-            break;
-        case kColorMap:
-            info.colour_map = Narrow16(first);
-            break;
-        default:
-            break;
-    }
+    if (tag == kBitsPerSample) StoreBits(values, all_bytes, info);
+    if (const auto member = MemberOf(kLongFields, tag)) info.*member = values.Value(0);
+    if (const auto member = MemberOf(kShortFields, tag)) info.*member = Narrow16(values.Value(0));
+    const auto member = MemberOf(kFractionFields, tag);
+    if (member && values.bytes.size() >= sizeof(Fraction)) info.*member = {values.U32(0), values.U32(4)};
 }
 
 class HeaderReader {

@@ -84,14 +84,15 @@ TEST_CASE("values of up to four bytes stand in the entry") {
 
 TEST_CASE("longer values are fetched from where the entry points") {
     TiffFile file;
-    file.more = {{273, 4, 2, 0}, {282, 5, 1, 0}};
+    file.more = {{273, 4, 2, 0}, {282, 5, 1, 0}, {283, 5, 1, 0}};
     const std::uint32_t data = file.DataOffset();
-    file.more = {{273, 4, 2, data}, {282, 5, 1, data}};
-    file.pixels = Bytes({0x10, 0x20, 0, 0, 7, 0, 0, 0});
+    file.more = {{273, 4, 2, data}, {282, 5, 1, data}, {283, 5, 1, data + 4}};
+    file.pixels = Bytes({0x10, 0x20, 0, 0, 7, 0, 0, 0, 9, 0, 0, 0});
     const TiffHeader header = Header(file.Make());
     CHECK(header.complete);
     CHECK(header.info.first_strip_offset == 0x2010);
     CHECK(header.info.x_resolution == std::array<std::uint32_t, 2>{0x2010, 7});
+    CHECK(header.info.y_resolution == std::array<std::uint32_t, 2>{7, 9});
 }
 
 TEST_CASE("a strip table of 8,193 bytes and more leaves the first offset at 0, its count is known") {
