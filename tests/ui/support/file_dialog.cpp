@@ -1,5 +1,7 @@
 #include "tests/ui/support/file_dialog.h"
 
+#include <array>
+
 #include "tests/ui/support/input.h"
 
 namespace pixora::ui {
@@ -16,12 +18,28 @@ std::optional<Window> NameEdit(const Window& box) {
     return std::nullopt;
 }
 
+/// The dialog shows before it has found its folder, its size and its place: clicks would miss. It has them
+/// once it has given one of its controls the keyboard and nothing moves any more.
+void WaitUntilSettled(const Window& box) {
+    WaitFor("the file dialog to take the keyboard", [&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetWindowThreadProcessId(box.Handle(), nullptr), &info);
+        return info.hwndFocus && IsChild(box.Handle(), info.hwndFocus);
+    });
+    (void)WaitUntilStill("the file dialog to settle", [&] {
+        const RECT frame = box.Item(IDOK).Frame();
+        return std::array{frame.left, frame.top, frame.right, frame.bottom};
+    });
+}
+
 }  // namespace
 
 FileDialog::FileDialog(const Process& process) {
     box_ = process.WaitForWindow("a file dialog", [](const Window& window) {
         return window.FindItem(kTypeCombo) && NameEdit(window) && window.FindItem(IDOK);
     });
+    WaitUntilSettled(box_);
     name_ = *NameEdit(box_);
 }
 
