@@ -39,6 +39,7 @@ void SortSettingLines(std::vector<std::wstring>& lines, int& count) {
 int BuildDefaultSettingLines(std::vector<std::wstring>& lines, const UserFolders& folders) {
     const Settings values = DefaultSettings(folders);
     std::vector<std::wstring> defaults;
+    defaults.reserve(kSaveOrder.size());
     for (const auto& [key, field] : kSaveOrder) defaults.push_back(std::wstring(key) + values.*field);
     int count = kDefaultLines;
     SortSettingLines(defaults, count);
