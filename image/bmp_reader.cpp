@@ -36,7 +36,7 @@ BmpConversion Copy24(File& source, const BmpHeader& header, const fs::path& disp
     BmpConversion conversion{.bit_count = header.bit_count};
     DeleteQuietly(display_copy);
     std::optional<AtomicFile> copy = AtomicFile::Create(display_copy);
-    const auto row_bytes = static_cast<std::size_t>(3 * header.width);
+    const auto row_bytes = std::size_t{3} * header.width;
     const auto stride = static_cast<std::size_t>(Bmp24Stride(header.width));
     const auto copy_bytes = [&](auto got, auto) { return copy->Out().Write(got); };
     const auto copy_rows = [&](std::span<const std::byte> got, std::span<const std::byte> whole) {
@@ -79,7 +79,7 @@ void Read32(File& source, const BmpHeader& header, PictureSink& sink) {
 
 // Bottom-up rows go through the palette, always 256 entries from a fixed place, and are padded to four bytes.
 void Read8BottomUp(File& source, const BmpHeader& header, PictureSink& sink) {
-    std::array<std::byte, 256 * 4> palette{};
+    std::array<std::byte, std::size_t{256} * 4> palette{};
     if (source.Seek(kPaletteOffset)) static_cast<void>(source.Read(palette));
     if (!source.Seek(header.data_offset)) return;
     const auto stride = static_cast<std::size_t>(Bmp8Stride(header.width));
