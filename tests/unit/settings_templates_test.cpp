@@ -19,8 +19,8 @@ namespace {
 using Buttons = std::vector<std::pair<int, std::wstring>>;
 
 std::vector<std::string> LinesOf(const char* name) {
-    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-    std::ifstream file(root / "resources" / name);
+    std::ifstream file(std::filesystem::path(PIXORA_SOURCE_FOLDER) / "resources" / name);
+    REQUIRE(file);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);
     return lines;
