@@ -14,4 +14,10 @@ struct Message {
     friend bool operator==(const Message&, const Message&) = default;
 };
 
+/// What the system's own message box shows beside an exclamation mark.
+struct Warning {
+    std::wstring title, text;
+    friend bool operator==(const Warning&, const Warning&) = default;
+};
+
 }  // namespace pixora

@@ -8,6 +8,7 @@
 #include "image/region.h"
 #include "settings/settings.h"
 #include "viewer/canvas_plan.h"
+#include "viewer/edit_state.h"
 #include "viewer/geometry.h"
 #include "viewer/sample_buffer.h"
 
@@ -35,6 +36,7 @@ struct ViewerState {
     std::uint16_t saved_row = 0, saved_column = 0;  ///< both as they were before the last click
     int corner_code = 0;  ///< the corner that clicks move, as a MarkPosition; 0 acts as bottom right
     int anchor_code = 0;  ///< the point that clicks move the region by, as a MarkPosition
+    EditState edit;
 
     int channel = 0;  ///< 0 grey; of a colour image 1 red, 2 green, 3 blue, 4 all three
 

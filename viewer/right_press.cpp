@@ -1,0 +1,27 @@
+#include "viewer/right_press.h"
+
+namespace pixora {
+
+void RightPress::Begin() {
+    pressed_ = true;
+    menu_opened_ = false;
+    ticks_ = 0;
+}
+
+bool RightPress::Tick(bool held, bool editing) {
+    pressed_ = pressed_ && held;
+    if (!pressed_ || !editing) {
+        ticks_ = 0;
+        return false;
+    }
+    if (menu_opened_ || ++ticks_ <= kShortTicks) return false;
+    menu_opened_ = true;
+    return true;
+}
+
+bool RightPress::EndsAsClick() {
+    pressed_ = false;
+    return !menu_opened_;
+}
+
+}  // namespace pixora
