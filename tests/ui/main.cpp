@@ -7,6 +7,7 @@
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/program.h"
 #include "tests/ui/support/texts.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace {
 
@@ -17,16 +18,18 @@ public:
     void log_assert(const doctest::AssertData& data) override {
         if (data.m_failed && !taken_) pixora::ui::SaveFailureShot(), taken_ = true;
     }
-    void test_case_start(const doctest::TestCaseData&) override {
+    void test_case_start(const doctest::TestCaseData& data) override {
         taken_ = false;
         pixora::ui::BeginTest();
+        pixora::ui::WatchTest(data.m_name);
     }
+
+    void test_case_end(const doctest::CurrentTestCaseStats&) override { pixora::ui::WatchTest({}); }
 
     void report_query(const doctest::QueryData&) override {}
     void test_run_start() override {}
     void test_run_end(const doctest::TestRunStats&) override {}
     void test_case_reenter(const doctest::TestCaseData&) override {}
-    void test_case_end(const doctest::CurrentTestCaseStats&) override {}
     void test_case_exception(const doctest::TestCaseException&) override {}
     void subcase_start(const doctest::SubcaseSignature&) override {}
     void subcase_end() override {}
@@ -48,6 +51,9 @@ int wmain(int count, wchar_t** arguments) {
     for (int i = 0; i < count; ++i) texts.push_back(pixora::ui::Narrow(arguments[i]));
     std::vector<const char*> pointers;
     for (const std::string& text : texts) pointers.push_back(text.c_str());
+    // What a run that was ended by force has written must not be lost.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    pixora::ui::StartWatchdog();
     const pixora::ui::UserDataAside aside;
     (void)pixora::ui::FreshScratchFolder();
     return doctest::Context(count, pointers.data()).run();

@@ -94,9 +94,9 @@ TEST_CASE("the context menu holds the views, the display sizes and the rest") {
     const Window viewer = program.Open(ChartFile(120, 90));
     OpenMenu menu = RightClick(program, viewer, 60, 40);
     for (const wchar_t* text :
-         {L"Statistics", L"H-Profile", L"V-Profie", L"Histogram", L"Image Info.", L"Close"})
-        CHECK_FALSE(menu.Greyed(text));
-    CHECK(menu.Greyed(L"Save Region Image"));
+         {L"Statistics", L"H-Profile", L"V-Profie", L"Histogram", L"Image Info.", L"Save Region Image"})
+        CHECK(menu.Greyed(text));
+    CHECK_FALSE(menu.Greyed(L"Close"));
     OpenMenu sizes = menu.Open(L"Display Size");
     for (const wchar_t* text : {L"Set Display Size by Value", L"Fit to Monitor", L"   5%", L" 100%",
                                 L"1000% ", L"Defined Size", L"Save as Default Size"})

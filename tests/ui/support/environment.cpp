@@ -10,6 +10,7 @@
 
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/wait.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
 
@@ -188,6 +189,7 @@ void SetReadOnly(const fs::path& path, bool read_only) {
 }
 
 void DeleteTree(const fs::path& folder) {
+    WatchStep("deleting a folder");
     std::error_code error;
     if (!fs::exists(folder, error)) return;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, error))

@@ -5,11 +5,13 @@
 
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/wait.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
 namespace {
 
 void SendAll(std::vector<INPUT> inputs) {
+    WatchStep("sending input");
     const auto count = static_cast<UINT>(inputs.size());
     if (SendInput(count, inputs.data(), sizeof(INPUT)) != count) throw UiError("the input was not taken");
 }
@@ -79,6 +81,7 @@ POINT ClickPoint(const Window& target) {
 }  // namespace
 
 void MoveMouse(POINT screen) {
+    WatchStep("moving the mouse");
     if (!SetCursorPos(screen.x, screen.y)) throw UiError("the mouse could not be moved");
 }
 

@@ -9,6 +9,7 @@
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/wait.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
 namespace {
@@ -81,6 +82,7 @@ Picture CaptureScreen(int left, int top, int width, int height) {
     info.bmiHeader.biHeight = -height;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
+    WatchStep("reading the screen");
     void* bits = nullptr;
     HDC screen = GetDC(nullptr);
     HDC copy = CreateCompatibleDC(screen);

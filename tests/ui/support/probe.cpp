@@ -7,6 +7,7 @@
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/wait.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
 namespace {
@@ -65,6 +66,7 @@ void Probe::Load() {
 }
 
 DWORD Probe::CallInside(LPTHREAD_START_ROUTINE function, void* argument) {
+    WatchStep("asking the probe");
     HANDLE thread = CreateRemoteThread(process_, nullptr, 0, function, argument, 0, nullptr);
     if (!thread) throw UiError("the probe could not be called");
     const bool ended = WaitForSingleObject(thread, kPatience_ms) == WAIT_OBJECT_0;

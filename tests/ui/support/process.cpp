@@ -5,6 +5,7 @@
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/texts.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
 
@@ -16,6 +17,7 @@ Process::Process(std::wstring command_line) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION started{};
+    WatchStep("starting the program");
     if (!CreateProcessW(ProgramPath().c_str(), command_line.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         nullptr, &start, &started))
         throw UiError("could not start " + Narrow(command_line));
@@ -26,6 +28,7 @@ Process::Process(std::wstring command_line) {
 
 Process::~Process() {
     if (Running()) {
+        WatchStep("ending the program by force");
         TerminateProcess(process_, 99);
         WaitForSingleObject(process_, kPatience_ms);
     }
@@ -37,6 +40,7 @@ bool Process::Running() const {
 }
 
 DWORD Process::WaitForEnd() const {
+    WatchStep("waiting for the end of the program");
     if (WaitForSingleObject(process_, kPatience_ms) != WAIT_OBJECT_0)
         throw UiError("waited in vain for the program to end");
     DWORD code = 0;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "tests/ui/support/watchdog.h"
+
 namespace pixora::ui {
 namespace {
 
@@ -38,6 +40,7 @@ void WaitFor(const std::string& what, const std::function<bool()>& condition, in
             waited_in_vain = true;
             throw UiError("waited in vain for " + what);
         }
+        WatchStep("looking again");
         Sleep(kLook_ms);
     }
 }

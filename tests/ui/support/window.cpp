@@ -2,6 +2,7 @@
 
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/wait.h"
+#include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
 namespace {
@@ -28,6 +29,7 @@ std::wstring Window::Class() const {
 }
 
 LRESULT Window::Send(UINT message, WPARAM w, LPARAM l) const {
+    WatchStep("sending a message");
     DWORD_PTR result = 0;
     if (!SendMessageTimeoutW(handle_, message, w, l, SMTO_NORMAL, kAnswer_ms, &result) && Exists())
         throw UiError("message " + std::to_string(message) + " to window \"" + Narrow(Class()) +
@@ -95,6 +97,7 @@ Window Window::Item(int id) const {
 }
 
 std::vector<Window> WindowsOf(DWORD process_id) {
+    WatchStep("listing windows");
     std::vector<Window> all, own;
     EnumWindows(&Collect, reinterpret_cast<LPARAM>(&all));
     for (const Window& window : all)
