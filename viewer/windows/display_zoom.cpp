@@ -9,6 +9,7 @@
 #include "resources/resource.h"
 #include "settings/settings_changes.h"
 #include "viewer/display_sizes.h"
+#include "viewer/menu_rules.h"
 #include "viewer/windows/display.h"
 #include "viewer/windows/geometry_win.h"
 
@@ -43,7 +44,9 @@ bool CDisplay::ShowContextMenu(LPARAM position) {
     menu_point_ = point;
     const UniqueMenu menu = LoadMenuResource(IDR_DISPLAY_MENU);
     const HMENU popup = GetSubMenu(menu.get(), 0);
-    EnableMenuItem(popup, IDM_VIEW_SAVE_REGION, state_->region_on ? MF_ENABLED : MF_GRAYED);
+    for (const MenuCommand& command : kMenuCommands)
+        EnableMenuItem(popup, static_cast<UINT>(command.id),
+                       IsOffered(command, *state_) ? MF_ENABLED : MF_GRAYED);
     const int command = TrackPopup(Window(), popup, point);
     canvas_.Repaint();
     if (command != 0) SendMessageW(Window(), WM_COMMAND, static_cast<WPARAM>(command), 0);
