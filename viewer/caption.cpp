@@ -35,7 +35,7 @@ std::wstring BitsNote(const ImageBuffer& image) {
 std::wstring ViewerCaption(const ImageBuffer& image, std::wstring_view caption_style,
                            std::wstring_view ratio_text) {
     const std::wstring& name = caption_style == L"FULL" ? image.source_path : image.file_name;
-    return L"[" + FormatWhole(image.slot + 1) + L" ]  (" + PercentText(ratio_text) + L"%) File Name : " +
+    return L"[" + FormatWhole(image.slot + 1) + L" ]  (" + PercentSignText(ratio_text) + L") File Name : " +
            ShortenText(name, kNameWidth) + BitsNote(image);
 }
 

@@ -27,6 +27,10 @@ std::wstring PercentText(std::wstring_view ratio_text) {
     return percent;
 }
 
+std::wstring PercentSignText(std::wstring_view ratio_text) {
+    return PercentText(ratio_text) + L"%";
+}
+
 std::optional<Message> CheckDisplayLimit(PixelSize image, std::wstring_view ratio_text) {
     const PixelSize shown = DisplayedSize(image, ParseRatio(ratio_text).value_or(0.0));
     if (shown.width <= kLargestDisplaySide && shown.height <= kLargestDisplaySide) return std::nullopt;
@@ -35,7 +39,7 @@ std::optional<Message> CheckDisplayLimit(PixelSize image, std::wstring_view rati
     // Deliberate: always a multiple of ten below the percentage that fits, even when that one would fit.
     const std::int32_t largest = (percent - 1) / 10 * 10;
     return Message{L" : Error - Image display failed.",
-                   L"A \"" + PercentText(ratio_text) + L"%\" zoom is too large to display.",
+                   L"A \"" + PercentSignText(ratio_text) + L"\" zoom is too large to display.",
                    L"The maximum zoom level for this image is \"" + FormatWhole(largest) + L"%\".", L""};
 }
 

@@ -23,6 +23,8 @@ inline constexpr std::wstring_view kFallbackRatio = L"0.500";
 /// A ratio text as a percentage without sign: L"0.05" gives L"5", L"1.50" L"150", L"0.123" L"12.3". A text
 /// that is no ratio gives L"0".
 [[nodiscard]] std::wstring PercentText(std::wstring_view ratio_text);
+/// The same with its sign: L"0.05" gives L"5%".
+[[nodiscard]] std::wstring PercentSignText(std::wstring_view ratio_text);
 
 /// Checks that an image can be shown at the size that `ratio_text` says: both displayed sides must be at most
 /// 22,000 pixels.

@@ -70,6 +70,11 @@ std::optional<Message> SetDisplayRatio(ViewerState& state, std::wstring_view rat
     return std::nullopt;
 }
 
+void SetTypedSize(ViewerState& state, const std::optional<std::wstring>& ratio_text) {
+    if (ratio_text) state.ratio_text = *ratio_text;
+    state.layout_requested = true;
+}
+
 std::optional<Message> SetDefinedSize(ViewerState& state, std::wstring_view stored, PixelPoint anchor) {
     const std::optional<double> ratio = ParseRatio(stored);
     const std::wstring text = FormatFixed(ratio.value_or(0.0), 3);
@@ -79,7 +84,7 @@ std::optional<Message> SetDefinedSize(ViewerState& state, std::wstring_view stor
 }
 
 std::optional<std::wstring> DefaultSizeOf(std::wstring_view ratio_text) {
-    std::wstring text = FormatFixed(ParseDecimal(PercentText(ratio_text) + L"%") / 100, 3);
+    std::wstring text = FormatFixed(ParseDecimal(PercentSignText(ratio_text)) / 100, 3);
     if (!ParseRatio(text)) return std::nullopt;
     return text;
 }
@@ -113,7 +118,7 @@ WheelResult ZoomByWheel(ViewerState& state, int delta, PixelPoint cursor) {
     const std::wstring text = FormatFixed(percent / 100.0, 3);
     WheelResult result;
     result.refusal = SetDisplayRatio(state, text, cursor);
-    if (!result.refusal) result.tip = L"Size: " + PercentText(text) + L"%";
+    if (!result.refusal) result.tip = L"Size: " + PercentSignText(text);
     state.layout_requested = true;
     return result;
 }

@@ -27,6 +27,10 @@ namespace pixora {
 [[nodiscard]] std::optional<Message> SetDisplayRatio(ViewerState& state, std::wstring_view ratio_text,
                                                      PixelPoint anchor);
 
+/// Takes over what the dialog for typed sizes left, which has checked it; no point is kept in place.
+/// @param ratio_text  nothing when no size was applied; a layout follows all the same.
+void SetTypedSize(ViewerState& state, const std::optional<std::wstring>& ratio_text);
+
 /// The size named by the settings file. No limit is checked on this way.
 /// @param stored  the value of IMG_SIZE.
 /// @return nothing when it was set; else the message about a value that is no ratio, with the state

@@ -21,6 +21,11 @@ TEST_CASE("a ratio reads as a percentage with at most one decimal") {
     CHECK(PercentText(L"0.0004") == L"0");
 }
 
+TEST_CASE("a percentage can be had with its sign") {
+    CHECK(PercentSignText(L"0.05") == L"5%");
+    CHECK(PercentSignText(L"0.123") == L"12.3%");
+}
+
 TEST_CASE("a ratio without a point reads like one with two zeros") {
     CHECK(PercentText(L"2") == L"200");
     CHECK(PercentText(L"100") == L"10000");

@@ -79,12 +79,31 @@ TEST_CASE("every fixed size has its command and its ratio") {
     CHECK_FALSE(RatioOfCommand(0));
 }
 
+TEST_CASE("a layout follows a typed size, whether one was applied or not") {
+    ViewerState state = State(400, 300, L"1.00");
+    SetTypedSize(state, L"2.500");
+    CHECK(state.ratio_text == L"2.500");
+    CHECK(state.anchor == PixelPoint{});
+    CHECK(state.layout_requested);
+    state.layout_requested = false;
+    SetTypedSize(state, std::nullopt);
+    CHECK(state.ratio_text == L"2.500");
+    CHECK(state.layout_requested);
+}
+
 TEST_CASE("the defined size gets three decimals and an anchor") {
     ViewerState state = State(400, 300, L"1.00");
     CHECK_FALSE(SetDefinedSize(state, L"0.50", {100, 60}));
     CHECK(state.ratio_text == L"0.500");
     CHECK(state.anchor == PixelPoint{-50, -30});
     CHECK(state.layout_requested);
+}
+
+TEST_CASE("the anchor of the defined size follows the stored value, not its three decimals") {
+    ViewerState state = State(400, 300, L"1.00");
+    CHECK_FALSE(SetDefinedSize(state, L"0.50049", {10000, 0}));
+    CHECK(state.ratio_text == L"0.500");
+    CHECK(state.anchor == PixelPoint{-4995, 0});  // 10000 x 0.50049 = 5004.9
 }
 
 TEST_CASE("the defined size is not checked against the limit") {

@@ -81,12 +81,11 @@ void CDisplay::Report(const std::optional<Message>& refusal) {
 }
 
 void CDisplay::AskForSize() {
-    CValueEntry entry(
-        PercentText(state_->ratio_text) + L"%", CursorPosition(),
-        [this](std::wstring_view ratio) { return CheckDisplayLimit(ImageSizeOf(*state_), ratio); });
+    CValueEntry entry(PercentSignText(state_->ratio_text), CursorPosition(), [this](std::wstring_view ratio) {
+        return CheckDisplayLimit(ImageSizeOf(*state_), ratio);
+    });
     entry.RunModal(Window());
-    if (entry.NewRatio()) state_->ratio_text = *entry.NewRatio();
-    state_->layout_requested = true;
+    SetTypedSize(*state_, entry.NewRatio());
 }
 
 void CDisplay::FitToMonitor() {
