@@ -22,11 +22,6 @@ PixelSize CanvasSize(PixelSize image, double ratio) {
             std::min(std::max(shown.height, 0), kLargestCanvasSide)};
 }
 
-PixelSize FrameSize(const PixelRect& window, PixelSize client) {
-    const PixelSize outer = SizeOf(window);
-    return {outer.width - client.width, outer.height - client.height};
-}
-
 PixelRect PlaceWindow(const PixelRect& window, PixelSize frame, PixelSize canvas, PixelPoint anchor) {
     const std::int32_t left = MovedBack(window.left, anchor.x), top = MovedBack(window.top, anchor.y);
     return {left, top, left + canvas.width + frame.width, top + canvas.height + frame.height};

@@ -13,12 +13,9 @@ inline constexpr std::int32_t kLargestCanvasSide = 32767;
 /// Size of the canvas that shows all of `image` at `ratio`.
 [[nodiscard]] PixelSize CanvasSize(PixelSize image, double ratio);
 
-/// What the frame adds to a window's client area, measured on the window itself: frames differ between
-/// systems and resolutions.
-[[nodiscard]] PixelSize FrameSize(const PixelRect& window, PixelSize client);
-
 /// The screen rectangle for a window that now lies at `window`: its client area takes exactly `canvas`, and
 /// it moves back by `anchor`, so that the anchored image point keeps its place on the screen.
+/// @param frame  what the window is larger than its client area.
 [[nodiscard]] PixelRect PlaceWindow(const PixelRect& window, PixelSize frame, PixelSize canvas,
                                     PixelPoint anchor);
 

@@ -15,10 +15,6 @@ TEST_CASE("the canvas is never larger than a window can be") {
     CHECK(CanvasSize({1, 1}, 1e300) == PixelSize{32767, 32767});
 }
 
-TEST_CASE("the frame is what the window is larger than its client area") {
-    CHECK(FrameSize({100, 50, 306, 175}, {200, 100}) == PixelSize{6, 25});
-}
-
 TEST_CASE("a window is placed so that its client area takes the canvas") {
     CHECK(PlaceWindow({100, 50, 306, 175}, {6, 25}, {640, 480}, {}) == PixelRect{100, 50, 746, 555});
 }
