@@ -19,8 +19,7 @@ struct Bitmap24 {
 };
 
 /// @return an all-black bitmap; nothing for one without pixels or of 2 GiB and more, or when the memory
-/// cannot be
-///         had.
+///         cannot be had.
 [[nodiscard]] std::optional<Bitmap24> MakeBitmap24(UINT width, UINT height);
 
 /// Loads a display copy into a bottom-up bitmap of 24 bits a pixel. A copy that ends early shows the rows

@@ -110,7 +110,7 @@ void CImageCanvas::Resize(PixelSize size) {
 }
 
 void CImageCanvas::Repaint() {
-    InvalidateRect(window_, nullptr, FALSE);
+    if (window_) InvalidateRect(window_, nullptr, FALSE);  // no window would stand for all of the screen
 }
 
 void CImageCanvas::Paint() {
