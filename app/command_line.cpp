@@ -2,32 +2,22 @@
 
 #include <system_error>
 
+#include "app/blanks.h"
 #include "base/file.h"
 #include "base/utf8.h"
 
 namespace pixora {
 namespace {
 
-constexpr std::wstring_view kBlanks = L" \t";
-
 std::wstring_view From(std::wstring_view text, std::size_t position) {
     return position < text.size() ? text.substr(position) : std::wstring_view();
-}
-
-std::wstring_view WithoutLeadingBlanks(std::wstring_view text) {
-    return From(text, text.find_first_not_of(kBlanks));
-}
-
-std::wstring_view WithoutTrailingBlanks(std::wstring_view text) {
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 // What follows the program path, which stands in quotes when it holds blanks and usually otherwise too.
 std::wstring_view ArgumentOf(std::wstring_view command_line) {
     command_line = WithoutLeadingBlanks(command_line);
     if (!command_line.starts_with(L'"'))
-        return WithoutTrailingBlanks(
-            WithoutLeadingBlanks(From(command_line, command_line.find_first_of(kBlanks))));
+        return WithoutBlanksAround(From(command_line, command_line.find_first_of(kBlanks)));
     const std::size_t closing = command_line.find(L'"', 1);
     if (closing == std::wstring_view::npos) return {};
     // The quote and the separating blank go in any case; some launchers write two blanks.

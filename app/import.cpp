@@ -4,9 +4,9 @@
 #include <system_error>
 #include <utility>
 
+#include "app/main_texts.h"
 #include "base/file.h"
 #include "base/number_text.h"
-#include "dialogs/text_width.h"
 #include "image/bmp_reader.h"
 #include "image/file_type.h"
 #include "image/tiff_reader.h"
@@ -18,7 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::wstring_view kErrorCaption = L" : Error";
-constexpr int kFileNameWidth = 38;
 constexpr std::uint64_t kSampleBytesPerPixel = 6;
 
 Message Error(std::wstring_view line1, std::wstring_view line2) {
@@ -54,9 +53,9 @@ public:
 
     [[nodiscard]] Message FileError(std::wstring_view text) const {
         const std::wstring name = FileNameOf(WideText(request_.source), fs::path::preferred_separator);
-        return Error(L"File: " + ShortenText(name, kFileNameWidth), text);
+        return FileErrorMessage(name, text);
     }
-    [[nodiscard]] Message OpenError() const { return FileError(L"Failed to Open Image File"); }
+    [[nodiscard]] Message OpenError() const { return FileError(kOpenFailed); }
 
 private:
     std::optional<Message> TakeSlot() {

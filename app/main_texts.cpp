@@ -2,8 +2,14 @@
 
 #include "base/file.h"
 #include "base/number_text.h"
+#include "dialogs/text_width.h"
 
 namespace pixora {
+namespace {
+
+constexpr int kFileNameWidth = 38;  // in half-width units
+
+}  // namespace
 
 std::wstring SettingsFaultText(const std::filesystem::path& settings_file) {
     return L"The settings file cannot be used.\n" + WideText(settings_file);
@@ -19,6 +25,11 @@ Message RestoreDefaultsQuestion() {
 
 Message DefaultsRestoredNotice() {
     return {L": Information", L"Defaults have been restored.", L"", L""};
+}
+
+Message FileErrorMessage(std::wstring_view file_name, std::wstring_view what_is_wrong) {
+    return {L" : Error", L"File: " + ShortenText(file_name, kFileNameWidth), std::wstring(what_is_wrong),
+            L""};
 }
 
 std::wstring MainTitle(int open_viewers) {

@@ -23,6 +23,10 @@ inline constexpr std::wstring_view kDefaultFileCreated = L"Created a default ini
 [[nodiscard]] Message RestoreDefaultsQuestion();
 [[nodiscard]] Message DefaultsRestoredNotice();
 
+/// An error box about one file: its name, shortened, and what is wrong.
+[[nodiscard]] Message FileErrorMessage(std::wstring_view file_name, std::wstring_view what_is_wrong);
+inline constexpr std::wstring_view kOpenFailed = L"Failed to Open Image File";
+
 /// The single item of the path box's context menu.
 inline constexpr std::wstring_view kCopyPathItem = L"Copy Full Path to Clipboard";
 

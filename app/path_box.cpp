@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "app/blanks.h"
 #include "app/command_line.h"
 #include "dialogs/text_width.h"
 
@@ -24,10 +25,7 @@ std::optional<std::wstring> PathBox::EndEdit(std::wstring_view typed, bool by_en
 }
 
 std::wstring CleanTypedPath(std::wstring_view typed) {
-    constexpr std::wstring_view kBlanks = L" \t";
-    const std::size_t first = typed.find_first_not_of(kBlanks);
-    if (first == std::wstring_view::npos) return {};
-    typed = typed.substr(first, typed.find_last_not_of(kBlanks) - first + 1);
+    typed = WithoutBlanksAround(typed);
     if (typed.size() >= 2 && typed.starts_with(L'"') && typed.ends_with(L'"'))
         typed = typed.substr(1, typed.size() - 2);
     return std::wstring(typed);

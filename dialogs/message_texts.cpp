@@ -5,6 +5,8 @@
 namespace pixora {
 namespace {
 
+constexpr int kMiddleOfInformationBox = 26;
+
 using Controls = std::array<int, 3>;
 using Tops = std::array<std::optional<int>, 3>;
 
@@ -29,7 +31,9 @@ BoxContent ErrorBox(const Message& message) {
 }
 
 BoxContent InformationBox(const Message& message) {
-    return Compose(message.caption, message, {1053, 1051, 1052}, {0, 15, 35});
+    BoxContent box = Compose(message.caption, message, {1053, 1051, 1052}, {0, 15, 35});
+    if (message.line2.empty() && message.line3.empty()) box.lines[0].top = kMiddleOfInformationBox;
+    return box;
 }
 
 BoxContent QuestionBox(const Message& message) {

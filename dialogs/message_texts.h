@@ -14,8 +14,9 @@ namespace pixora {
 struct BoxLine {
     int control = 0;  ///< id of the static text
     std::wstring text;
-    std::optional<int>
-        top;  ///< client y to move the control to, x and size kept; nothing: where the template has it
+    /// Client y to move the control to, at 96 dots per inch; x and size are kept. Nothing: where the template
+    /// has it.
+    std::optional<int> top;
     friend bool operator==(const BoxLine&, const BoxLine&) = default;
 };
 
@@ -31,7 +32,7 @@ struct BoxContent {
 
 /// The error box (CConfirmErr) as ShowErrorBox shows it: three blanks follow the caption suffix.
 [[nodiscard]] BoxContent ErrorBox(const Message& message);
-/// The information box (CConfirmOK).
+/// The information box (CConfirmOK). A single line stands in the middle, where the second one would.
 [[nodiscard]] BoxContent InformationBox(const Message& message);
 /// The question with OK and CANCEL (CConfirmYesCancel). On screen the second line stands above the first.
 [[nodiscard]] BoxContent QuestionBox(const Message& message);

@@ -1,10 +1,12 @@
 #include "app/import.h"
 #include "app/main_rules.h"
+#include "app/main_texts.h"
 #include "app/viewer_start.h"
 #include "app/windows/img_import.h"
 #include "base/file.h"
 #include "dialogs/windows/messages.h"
 #include "dialogs/windows/passive_windows.h"
+#include "dialogs/windows/placement_win.h"
 #include "platform/file_dialog.h"
 #include "platform/memory.h"
 #include "platform/screen.h"
@@ -19,9 +21,9 @@ constexpr COLORREF kEditModeFace = RGB(255, 224, 130);
 }  // namespace
 
 bool CImgImport::OpenImage(const std::filesystem::path& path) {
-    const BusyCursor busy;
     std::optional<Message> failure;
     {
+        const BusyCursor busy;
         CPleaseWait wait;
         ImportRequest request;
         request.source = path;
@@ -38,9 +40,9 @@ bool CImgImport::OpenImage(const std::filesystem::path& path) {
         if (!result.image) {
             failure = result.message;
         } else if (!CreateViewer(*result.image)) {
-            failure = ViewerFailedMessage(*result.image);
+            failure = FileErrorMessage(result.image->file_name, kOpenFailed);
         }
-    }  // the box comes after the wait window has gone
+    }  // the box comes after the wait window and the busy cursor have gone
     if (!failure) path_box_.Opened(WideText(path));
     ShowPath();
     if (failure && *failure != Message{}) ShowErrorBox(Window(), *failure);
@@ -48,12 +50,11 @@ bool CImgImport::OpenImage(const std::filesystem::path& path) {
 }
 
 bool CImgImport::CreateViewer(const ImageBuffer& image) {
-    const RECT area = WorkAreaOf(Window());
     const ScreenPoint corner =
-        PlaceViewer({area.left, area.top, area.right, area.bottom}, image.slot, CaptionHeight(Window()));
+        PlaceViewer(ToScreen(WorkAreaOf(Window())), image.slot, CaptionHeight(Window()));
     ClearSlot(flags_, image.slot);
     auto viewer = std::make_unique<CDisplay>(
-        image, ViewerContext{&flags_, &settings_, paths_.settings_file, {corner.x, corner.y}, monitor_});
+        image, ViewerContext{&flags_, &settings_, paths_.settings_file, ToWin(corner), monitor_});
     if (!viewer->Open()) {
         DeleteQuietly(image.display_copy);  // it would keep the slot taken
         DeleteQuietly(image.data_copy);

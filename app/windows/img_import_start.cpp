@@ -3,6 +3,7 @@
 #include "app/main_rules.h"
 #include "app/main_texts.h"
 #include "app/windows/img_import.h"
+#include "dialogs/windows/placement_win.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
@@ -34,13 +35,10 @@ void CImgImport::OpenStartupPath() {
 }
 
 void CImgImport::PlaceAtStart() {
-    const SIZE screen = PrimaryScreenSize();
-    const SIZE size = SizeOf(ScreenRectangle(Window()));
     const ScreenPoint corner =
-        PlaceMainWindow(settings_, {screen.cx, screen.cy}, {size.cx, size.cy}, [](ScreenPoint point) {
-            return IsOnMonitor({point.x, point.y});
-        });
-    MoveWindowTo(Window(), {corner.x, corner.y});
+        PlaceMainWindow(settings_, ToScreen(PrimaryScreenSize()), ToScreen(SizeOf(ScreenRectangle(Window()))),
+                        [](ScreenPoint point) { return IsOnMonitor(ToWin(point)); });
+    MoveWindowTo(Window(), ToWin(corner));
 }
 
 void CImgImport::ShowSettingsFault() {

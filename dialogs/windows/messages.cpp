@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "dialogs/placement.h"
+#include "dialogs/windows/placement_win.h"
 #include "platform/picture.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
@@ -22,10 +22,8 @@ void MoveLine(HWND line, int top) {
 }  // namespace
 
 void CentreOnScreen(HWND dialog) {
-    const SIZE screen = PrimaryScreenSize();
     const SIZE size = SizeOf(ScreenRectangle(dialog));
-    const ScreenPoint corner = PlaceCentred({screen.cx, screen.cy}, {size.cx, size.cy});
-    MoveWindowTo(dialog, {corner.x, corner.y});
+    MoveWindowTo(dialog, ToWin(PlaceCentred(ToScreen(PrimaryScreenSize()), ToScreen(size))));
 }
 
 void ThreeLineDialog::OnInit() {
@@ -49,15 +47,6 @@ void CConfirmErr::OnInit() {
 
 CConfirmOK::CConfirmOK(BoxContent content, bool centre)
     : ThreeLineDialog(IDD_CONFIRM_OK, std::move(content), centre) {}
-
-void CConfirmOK::OnInit() {
-    ThreeLineDialog::OnInit();
-    const auto& [first, second, third] = content_.lines;
-    if (!second.text.empty() || !third.text.empty()) return;
-    // A single line stands in the middle, where the second one would.
-    const RECT middle = ClientRectangleOf(Item(second.control));
-    MoveWindowTo(Item(first.control), {middle.left, middle.top});
-}
 
 CConfirmYesCancel::CConfirmYesCancel(BoxContent content, bool centre)
     : ThreeLineDialog(IDD_CONFIRM_YES_CANCEL, std::move(content), centre) {}

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 
 #include "dialogs/message.h"
 #include "dialogs/message_texts.h"
@@ -23,9 +24,8 @@ protected:
         : Dialog(template_id), content_(std::move(content)), centre_(centre) {}
     void OnInit() override;
 
-    BoxContent content_;
-
 private:
+    BoxContent content_;
     bool centre_;
 };
 
@@ -43,9 +43,6 @@ private:
 class CConfirmOK final : public ThreeLineDialog {
 public:
     CConfirmOK(BoxContent content, bool centre);
-
-private:
-    void OnInit() override;
 };
 
 /// The question with OK and CANCEL.

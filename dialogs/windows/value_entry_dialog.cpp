@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "dialogs/placement.h"
 #include "dialogs/windows/messages.h"
+#include "dialogs/windows/placement_win.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
 
@@ -16,8 +16,7 @@ CValueEntry::CValueEntry(const std::wstring& shown, POINT anchor, DisplaySizeLim
 
 void CValueEntry::OnInit() {
     ShowEntry();
-    const ScreenPoint corner = PlaceValueEntry({anchor_.x, anchor_.y});
-    MoveWindowTo(Window(), {corner.x, corner.y});
+    MoveWindowTo(Window(), ToWin(PlaceValueEntry(ToScreen(anchor_))));
 }
 
 Handled CValueEntry::OnCommand(const Command& command) {

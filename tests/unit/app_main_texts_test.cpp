@@ -29,7 +29,7 @@ TEST_CASE("questions and the notice stand in the first line of their boxes") {
           BoxLine{1079, L"Are you sure you want to restore the default settings?", std::nullopt});
     const BoxContent restored = InformationBox(DefaultsRestoredNotice());
     CHECK(restored.caption == L"Pixora : Information");
-    CHECK(restored.lines[0] == BoxLine{1053, L"Defaults have been restored.", std::nullopt});
+    CHECK(restored.lines[0] == BoxLine{1053, L"Defaults have been restored.", 26});
 }
 
 TEST_CASE("the title counts the open viewers") {
@@ -49,4 +49,12 @@ TEST_CASE("the title is set at the first tick and when the count changes") {
 
 TEST_CASE("the path box menu has one item") {
     CHECK(kCopyPathItem == L"Copy Full Path to Clipboard");
+}
+
+TEST_CASE("an error about a file names it shortened to 38 units") {
+    CHECK(FileErrorMessage(L"a.tif", L"This file is invalid or corrupt.") ==
+          Message{L" : Error", L"File: a.tif", L"This file is invalid or corrupt.", L""});
+    CHECK(FileErrorMessage(L"0123456789012345678901234567890123456789.bmp", kOpenFailed) ==  // 44 characters
+          Message{L" : Error", L"File: 01234.....5678901234567890123456789.bmp", L"Failed to Open Image File",
+                  L""});
 }

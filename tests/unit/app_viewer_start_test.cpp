@@ -13,12 +13,3 @@ TEST_CASE("each further viewer stands a caption's height to the right and below"
     CHECK(PlaceViewer({0, 0, 1920, 1040}, 1, 23) == ScreenPoint{23, 23});
     CHECK(PlaceViewer({1920, 30, 3840, 1080}, 7, 46) == ScreenPoint{2242, 352});
 }
-
-TEST_CASE("an image whose viewer cannot be created is told like a file that cannot be opened") {
-    ImageBuffer image;
-    image.file_name = L"a.tif";
-    CHECK(ViewerFailedMessage(image) ==
-          Message{L" : Error", L"File: a.tif", L"Failed to Open Image File", L""});
-    image.file_name = L"0123456789012345678901234567890123456789.bmp";  // 44 characters
-    CHECK(ViewerFailedMessage(image).line1 == L"File: 01234.....5678901234567890123456789.bmp");
-}

@@ -42,6 +42,12 @@ TEST_CASE("an information box has a plain caption and moves all lines when the f
     CHECK(moved.lines[2] == BoxLine{1052, L"", 35});
 }
 
+TEST_CASE("the only line of an information box stands in the middle") {
+    CHECK(InformationBox({L"", L"one", L"", L""}).lines[0] == BoxLine{1053, L"one", 26});
+    CHECK(InformationBox({L"", L"one", L"two", L""}).lines[0] == BoxLine{1053, L"one", std::nullopt});
+    CHECK(InformationBox({L"", L"one", L"", L"three"}).lines[0] == BoxLine{1053, L"one", std::nullopt});
+}
+
 TEST_CASE("a question has controls of its own and moves all lines when the first is empty") {
     const BoxContent box = QuestionBox({L": Confirmation", L"one", L"two", L"three"});
     CHECK(box.caption == L"Pixora : Confirmation");
