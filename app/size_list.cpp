@@ -1,5 +1,6 @@
 #include "app/size_list.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "base/number_text.h"
@@ -15,33 +16,33 @@ std::wstring AlignRight(std::wstring_view text) {
     return std::wstring(blanks, L' ').append(text);
 }
 
-bool IsListed(int index) {
-    return index >= 0 && static_cast<std::size_t>(index) < kListedSizes.size();
+const DisplaySize* FindItem(int index) {
+    return index >= 0 && index < kListedSizes ? &kDisplaySizes[static_cast<std::size_t>(index)] : nullptr;
+}
+
+std::wstring PercentItem(std::wstring_view ratio_text) {
+    return AlignRight(PercentText(ratio_text) + L"%");
 }
 
 }  // namespace
 
 std::wstring SizeItemText(int index) {
-    return IsListed(index) ? AlignRight(kListedSizes[static_cast<std::size_t>(index)].percent)
-                           : std::wstring();
+    const DisplaySize* item = FindItem(index);
+    return item ? PercentItem(item->ratio_text) : std::wstring();
 }
 
 std::wstring RatioOfItem(int index) {
-    if (!IsListed(index)) return L"---%";
-    return std::wstring(kListedSizes[static_cast<std::size_t>(index)].ratio);
+    const DisplaySize* item = FindItem(index);
+    return std::wstring(item ? item->ratio_text : L"---%");
 }
 
 int ItemOfRatio(std::wstring_view ratio_text) {
-    for (std::size_t i = 0; i < kListedSizes.size(); ++i)
-        if (kListedSizes[i].ratio == ratio_text) return static_cast<int>(i);
-    return kTypedSize;
+    const auto found = std::ranges::find(kDisplaySizes, ratio_text, &DisplaySize::ratio_text);
+    return found == kDisplaySizes.end() ? kTypedSize : static_cast<int>(found - kDisplaySizes.begin());
 }
 
 std::wstring SizeBoxText(std::wstring_view ratio_text) {
-    const int index = ItemOfRatio(ratio_text);
-    if (index != kTypedSize) return SizeItemText(index);
-    if (!ParseRatio(ratio_text)) return AlignRight(ratio_text);
-    return AlignRight(PercentText(ratio_text) + L"%");
+    return ParseRatio(ratio_text) ? PercentItem(ratio_text) : AlignRight(ratio_text);
 }
 
 }  // namespace pixora

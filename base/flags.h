@@ -1,5 +1,6 @@
-// Every flag that windows share. Nothing is pushed between windows: whoever wants something sets a flag, and
-// the window it is meant for finds it at its next 100 ms tick and clears it.
+// Every flag that the main window shares with other windows. Nothing is pushed between windows: whoever wants
+// something sets a flag, and the window it is meant for finds it at its next 100 ms tick and clears it. What
+// a viewer shares with its own views is in viewer/viewer_state.h.
 #pragma once
 
 #include <array>
@@ -30,7 +31,8 @@ struct SharedFlags {
     /// each such window, which hides or shows itself when the flag differs from what it did last.
     std::array<bool, kWindowKinds> hide{};
 
-    /// The slot has a viewer. Set and cleared by the viewer; read by the main window (menu, Close All Files).
+    /// The slot has a viewer. Set and cleared by the viewer, cleared by the main window before it creates
+    /// one; read by the main window (menu, Close All Files).
     SlotFlags viewer_open{};
     /// Asks the slot's viewer to close. Set by the main window (Close All Files, Exit); read and cleared by
     /// the viewer; cleared by the main window before it creates a viewer, so that no request outlives its
@@ -39,9 +41,13 @@ struct SharedFlags {
     /// A viewer has been created in the slot. Cleared and set by the main window around a viewer's creation;
     /// every size change of the main window except minimising sets all eight. Decides nothing.
     SlotFlags created{};
-    /// Asks the slot's viewer to take over changed settings. Set by the option dialogs; read and cleared by
-    /// the viewer.
+    /// Asks the slot's viewer to take over changed settings. Set for all slots by "Line and Region Style",
+    /// and by "Viewer Option" when the caption style changed; read and cleared by the viewer; cleared by the
+    /// main window before it creates a viewer.
     SlotFlags redraw_viewer{};
+
+    /// The profile lines may follow clicks; else they are fixed. Set at start; nothing clears it.
+    bool play = true;
 
     /// How many viewers are open. Raised and lowered by the viewers; shown in the main window's title.
     int open_viewers = 0;
@@ -56,6 +62,7 @@ struct SharedFlags {
     /// Defaults); read and cleared by the dialog.
     bool reload_main_option = false;
     /// Asks the main option dialog to close. Set by the main window (Exit); read and cleared by the dialog.
+    /// The other two need none: Exit destroys whatever is still open.
     bool close_main_option = false;
 
     [[nodiscard]] bool Hidden(WindowKind kind) const { return hide[static_cast<std::size_t>(kind)]; }

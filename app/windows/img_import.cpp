@@ -52,7 +52,7 @@ void CImgImport::OnInit() {
 
 Handled CImgImport::OnCommand(const Command& command) {
     // A command that was on its way when a box or the end began comes too late.
-    if (command.id != IDM_FILE_EXIT && (InModal() || stage_ != Stage::running)) return Handled::yes;
+    if (command.id != IDM_FILE_EXIT && Busy()) return Handled::yes;
     switch (command.id) {
         case IDOK:
         case IDCANCEL:
@@ -93,13 +93,13 @@ Handled CImgImport::OnMenuCommand(int id) {
             BeginExit();
             return Handled::yes;
         case IDM_OPTION_VIEWER:
-            OpenOptions(viewer_option_);
+            OpenOptions(viewer_option_, &SharedFlags::viewer_option_open);
             return Handled::yes;
         case IDM_OPTION_REGION_STYLE:
-            OpenOptions(region_style_);
+            OpenOptions(region_style_, &SharedFlags::region_style_open);
             return Handled::yes;
         case IDM_OPTION_MAIN:
-            OpenOptions(main_option_);
+            OpenOptions(main_option_, &SharedFlags::main_option_open);
             return Handled::yes;
         case IDM_HELP_ABOUT:
             CAboutBox().RunModal(Window());
@@ -110,7 +110,9 @@ Handled CImgImport::OnMenuCommand(int id) {
 }
 
 Handled CImgImport::Filter(MSG& message) {
-    switch (FilterMainKey(message.message, message.wParam, path_box_.Editing())) {
+    const MainKey key = FilterMainKey(message.message, message.wParam, path_box_.Editing());
+    if (key != MainKey::pass && Busy()) return Handled::yes;
+    switch (key) {
         case MainKey::swallow:
             return Handled::yes;
         case MainKey::apply_size:
@@ -148,7 +150,7 @@ void CImgImport::FreeClosedWindows() {
 }
 
 void CImgImport::OnDrop(HDROP drop) {
-    if (InModal() || stage_ != Stage::running) return;
+    if (Busy()) return;
     const UINT length = DragQueryFileW(drop, 0, nullptr, 0);  // of several files the first one alone
     std::wstring path(length, L'\0');
     DragQueryFileW(drop, 0, path.data(), length + 1);

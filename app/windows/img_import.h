@@ -45,6 +45,8 @@ private:
     std::optional<LRESULT> PathBoxColour(HDC dc, HWND control) const;
     void ShowPathMenu(LPARAM position);
     void FreeClosedWindows();
+    /// True while the window takes no orders: one of its boxes is up, or the end has begun.
+    [[nodiscard]] bool Busy() const { return InModal() || stage_ != Stage::running; }
 
     // img_import_start.cpp: start-up and the end
     void StartFromSettings();
@@ -73,7 +75,7 @@ private:
     void CloseAllFiles();
     void RestoreDefaults();
     template <typename OptionKind>
-    void OpenOptions(std::unique_ptr<OptionKind>& dialog);
+    void OpenOptions(std::unique_ptr<OptionKind>& dialog, bool SharedFlags::*open);
 
     std::wstring startup_path_;
     SharedFlags flags_;

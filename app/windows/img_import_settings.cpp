@@ -8,7 +8,7 @@
 namespace pixora {
 
 void CImgImport::FillSizeList() {
-    for (int index = 0; index < static_cast<int>(kListedSizes.size()); ++index) {
+    for (int index = 0; index < kListedSizes; ++index) {
         SendDlgItemMessageW(Window(), IDC_MAIN_SIZE, CB_ADDSTRING, 0,
                             reinterpret_cast<LPARAM>(SizeItemText(index).c_str()));
     }
@@ -41,17 +41,17 @@ void CImgImport::ApplyTypedSize() {
 }
 
 template <typename OptionKind>
-void CImgImport::OpenOptions(std::unique_ptr<OptionKind>& dialog) {
-    if (dialog && dialog->Window()) {
+void CImgImport::OpenOptions(std::unique_ptr<OptionKind>& dialog, bool SharedFlags::*open) {
+    if (dialog && flags_.*open) {
         dialog->BringToFront();
         return;
     }
     dialog = std::make_unique<OptionKind>(OptionContext{&flags_, &settings_, paths_.settings_file});
     if (!dialog->Open(Window())) dialog.reset();
 }
-template void CImgImport::OpenOptions(std::unique_ptr<CViewerOption>&);
-template void CImgImport::OpenOptions(std::unique_ptr<CRegionStyle>&);
-template void CImgImport::OpenOptions(std::unique_ptr<CMainOption>&);
+template void CImgImport::OpenOptions(std::unique_ptr<CViewerOption>&, bool SharedFlags::*);
+template void CImgImport::OpenOptions(std::unique_ptr<CRegionStyle>&, bool SharedFlags::*);
+template void CImgImport::OpenOptions(std::unique_ptr<CMainOption>&, bool SharedFlags::*);
 
 void CImgImport::CloseAllFiles() {
     if (!AnyViewerOpen(flags_)) return;

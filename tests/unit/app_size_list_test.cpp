@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-#include <set>
+#include <array>
 #include <string>
 
 using namespace pixora;
@@ -12,7 +12,7 @@ TEST_CASE("the size list has fifteen items aligned to nine characters") {
                                                   L"      40%", L"      50%", L"      60%", L"      70%",
                                                   L"      80%", L"      90%", L"     100%", L"     150%",
                                                   L"     200%", L"     500%", L"    1000%"};
-    REQUIRE(kListedSizes.size() == 15);
+    REQUIRE(kListedSizes == 15);
     for (int i = 0; i < 15; ++i) CHECK(SizeItemText(i) == items[static_cast<std::size_t>(i)]);
 }
 
