@@ -3,19 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "dialogs/keys.h"
+
 namespace pixora {
-namespace {
-
-constexpr std::uint32_t kKeyDown = 0x0100;
-constexpr std::uint64_t kReturn = 13;
-constexpr std::uint64_t kEscape = 27;
-
-}  // namespace
 
 MainKey FilterMainKey(std::uint32_t message, std::uint64_t first_parameter, bool path_editing) {
-    if (message != kKeyDown) return MainKey::pass;
-    if (first_parameter == kEscape) return MainKey::swallow;
-    if (first_parameter != kReturn) return MainKey::pass;
+    if (message != kKeyDownMessage) return MainKey::pass;
+    if (first_parameter == kEscapeKey) return MainKey::swallow;
+    if (first_parameter != kReturnKey) return MainKey::pass;
     return path_editing ? MainKey::leave_path_edit : MainKey::apply_size;
 }
 

@@ -2,15 +2,9 @@
 
 #include <utility>
 
+#include "dialogs/keys.h"
+
 namespace pixora {
-namespace {
-
-constexpr std::uint32_t kKeyDown = 0x0100;
-constexpr std::uint32_t kKeyUp = 0x0101;
-constexpr std::uint64_t kReturn = 13;
-constexpr std::uint64_t kEscape = 27;
-
-}  // namespace
 
 void ValueEntry::Begin(std::wstring_view shown) {
     EntryText = shown;
@@ -33,11 +27,11 @@ ValueEntryResult ValueEntry::PressOk(const DisplaySizeLimit& limit) {
 }
 
 EntryKey EntryKeyFilter::Test(std::uint32_t message, std::uint64_t first_parameter) {
-    if (first_parameter != kReturn && first_parameter != kEscape) return EntryKey::none;
-    const bool enter = first_parameter == kReturn;
+    if (first_parameter != kReturnKey && first_parameter != kEscapeKey) return EntryKey::none;
+    const bool enter = first_parameter == kReturnKey;
     bool& down = enter ? enter_down_ : escape_down_;
-    if (message == kKeyUp && !std::exchange(down, false)) return EntryKey::none;
-    if (message == kKeyDown) down = true;
+    if (message == kKeyUpMessage && !std::exchange(down, false)) return EntryKey::none;
+    if (message == kKeyDownMessage) down = true;
     // Deliberate: any other message that carries 13 or 27 counts as the key too.
     return enter ? EntryKey::enter : EntryKey::escape;
 }

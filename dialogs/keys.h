@@ -1,0 +1,14 @@
+// Messages and keys that portable rules tell apart, by the numbers that the system gives them.
+#pragma once
+
+#include <cstdint>
+
+namespace pixora {
+
+inline constexpr std::uint32_t kKeyDownMessage = 0x0100;
+inline constexpr std::uint32_t kKeyUpMessage = 0x0101;
+
+inline constexpr std::uint64_t kReturnKey = 13;
+inline constexpr std::uint64_t kEscapeKey = 27;
+
+}  // namespace pixora
