@@ -3,20 +3,13 @@
 #include <string>
 #include <utility>
 
-#include "dialogs/placement.h"
+#include "dialogs/windows/placement_win.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
+#include "settings/option_placement.h"
 
 namespace pixora {
-
-namespace {
-
-ScreenRect ToScreenRect(const RECT& r) {
-    return {r.left, r.top, r.right, r.bottom};
-}
-
-}  // namespace
 
 OptionWindow::OptionWindow(int template_id, OptionDialog kind, WindowKind hide_kind,
                            bool SharedFlags::*open_flag, OptionContext context)
@@ -35,13 +28,10 @@ bool OptionWindow::Open(HWND main_window) {
 }
 
 void OptionWindow::Place(HWND main_window) const {
-    RECT beside = ScreenRectangle(main_window);
-    // Each kind a little lower, so that the captions of all three can be seen.
-    OffsetRect(&beside, 0, static_cast<int>(kind_) * CaptionHeight(Window()));
-    const SIZE size = SizeOf(ScreenRectangle(Window()));
-    const ScreenPoint corner =
-        PlaceBeside(ToScreenRect(beside), {size.cx, size.cy}, ToScreenRect(WorkAreaOf(main_window)));
-    MoveWindowTo(Window(), {corner.x, corner.y});
+    const ScreenPoint corner = PlaceOptionDialog(kind_, ToScreen(ScreenRectangle(main_window)),
+                                                 ToScreen(SizeOf(ScreenRectangle(Window()))),
+                                                 ToScreen(WorkAreaOf(main_window)), CaptionHeight(Window()));
+    MoveWindowTo(Window(), ToWin(corner));
 }
 
 void OptionWindow::BringToFront() const {
