@@ -4,15 +4,30 @@
 
 namespace pixora {
 
+namespace {
+
+/// A bitmap of 24 bits a pixel: of one with an alpha channel a picture control would keep a copy of its own,
+/// which nobody deletes.
+UniqueBitmap MakeOpaqueBitmap(SIZE size) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size.cx;
+    info.bmiHeader.biHeight = size.cy;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    void* pixels = nullptr;
+    return UniqueBitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+}
+
+}  // namespace
+
 UniqueBitmap LoadPicture(int id, SIZE size, bool transparent) {
     const UniqueBitmap source(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id),
                                                               IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     BITMAP facts{};
     if (!source || !GetObjectW(source.Get(), sizeof facts, &facts)) return UniqueBitmap();
-    const HDC screen = GetDC(nullptr);
-    UniqueBitmap target(CreateCompatibleBitmap(screen, size.cx, size.cy));
-    const UniqueMemoryDc from(CreateCompatibleDC(screen)), to(CreateCompatibleDC(screen));
-    ReleaseDC(nullptr, screen);
+    UniqueBitmap target = MakeOpaqueBitmap(size);
+    const UniqueMemoryDc from(CreateCompatibleDC(nullptr)), to(CreateCompatibleDC(nullptr));
     if (!target || !from || !to) return UniqueBitmap();
 
     const Selected selected_source(from.Get(), source.Get());
