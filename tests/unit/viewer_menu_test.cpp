@@ -1,15 +1,11 @@
 // The viewer's menus in the resources: which item has which id and text.
 #include <doctest/doctest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "base/utf8.h"
+#include "tests/unit/support/resources.h"
 #include "viewer/display_sizes.h"
 
 using namespace pixora;
@@ -18,39 +14,11 @@ namespace {
 
 using Items = std::vector<std::pair<int, std::wstring>>;
 
-std::vector<std::string> LinesOf(const char* name) {
-    std::ifstream file(std::filesystem::path(PIXORA_SOURCE_FOLDER) / "resources" / name);
-    REQUIRE(file);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) lines.push_back(line);
-    return lines;
-}
-
-std::map<std::string, int> ResourceIds() {
-    std::map<std::string, int> ids;
-    for (const std::string& line : LinesOf("resource.h")) {
-        std::istringstream words(line);
-        std::string define, name;
-        int value = 0;
-        if (words >> define >> name >> value && define == "#define") ids[name] = value;
-    }
-    return ids;
-}
-
 /// The commands of a menu and of its popups, in the order in which they stand there; a popup counts as 0.
 Items MenuItems(const std::string& menu) {
-    const std::map<std::string, int> ids = ResourceIds();
     Items items;
-    bool inside = false;
-    for (const std::string& line : LinesOf("viewer.rc")) {
-        if (line == menu + " MENU") inside = true;
-        if (line == "END") inside = false;
-        const std::size_t open = line.find('"'), close = line.rfind('"');
-        if (!inside || open == std::string::npos) continue;
-        const std::wstring text = WideFromUtf8(line.substr(open + 1, close - open - 1));
-        const std::size_t id = line.find("IDM_");
-        items.emplace_back(id == std::string::npos ? 0 : ids.at(line.substr(id)), text);
-    }
+    for (const MenuItem& item : ReadMenu(menu))
+        if (!item.text.empty()) items.emplace_back(item.id, item.text);
     return items;
 }
 
