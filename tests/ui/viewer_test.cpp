@@ -1,0 +1,118 @@
+// A viewer's window: when it shows, how large it can be, and how it ends.
+#include <doctest/doctest.h>
+
+#include "tests/ui/support/boxes.h"
+#include "tests/ui/support/image_files.h"
+#include "tests/ui/support/input.h"
+#include "tests/ui/support/program.h"
+#include "tests/ui/support/texts.h"
+#include "tests/ui/support/wait.h"
+
+using namespace pixora::ui;
+
+namespace {
+
+constexpr int k10 = 32782, k200 = 32793, k1000 = 32796;
+
+std::filesystem::path ChartFile(int width, int height) {
+    return ScratchFile(L"chart.bmp", BmpBytes(Chart(width, height), 24));
+}
+
+void WaitForClient(const Window& viewer, LONG width, LONG height) {
+    WaitFor("the display size", [&] {
+        const RECT client = viewer.Client();
+        return client.right - client.left == width && client.bottom - client.top == height;
+    });
+}
+
+void Minimise(const Window& window, bool minimised) {
+    window.Post(WM_SYSCOMMAND, minimised ? SC_MINIMIZE : SC_RESTORE);
+    WaitFor("the window's state", [&] { return (IsIconic(window.Handle()) != 0) == minimised; });
+}
+
+/// Holds a file open so that nobody can delete it.
+class HeldFile {
+public:
+    explicit HeldFile(const std::filesystem::path& path)
+        : handle_(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              OPEN_EXISTING, 0, nullptr)) {
+        REQUIRE(handle_ != INVALID_HANDLE_VALUE);
+    }
+    ~HeldFile() { CloseHandle(handle_); }
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+
+private:
+    HANDLE handle_;
+};
+
+}  // namespace
+
+TEST_CASE("the viewers hide while the main window is minimised") {
+    Program program;
+    const Window first = program.Open(ChartFile(120, 90), 1), second = program.Open(ChartFile(120, 90), 2);
+    Minimise(program.Main(), true);
+    WaitFor("the viewers to hide", [&] { return !first.Visible() && !second.Visible(); });
+    Minimise(program.Main(), false);
+    WaitFor("the viewers to come back", [&] { return first.Visible() && second.Visible(); });
+    program.Exit();
+}
+
+TEST_CASE("a viewer can be larger than the screen and smaller than other windows") {
+    Program program;
+    const Window viewer = program.Open(ChartFile(2200, 30));
+    WaitForClient(viewer, 2200, 30);
+    viewer.Command(k1000);
+    WaitForClient(viewer, 22000, 300);
+    viewer.Post(WM_CLOSE);  // its close button lies outside the screen
+    WaitFor("the viewer to close", [&] { return !viewer.Exists(); });
+    const Window small = program.Open(ChartFile(40, 30));
+    small.Command(k10);
+    WaitForClient(small, 4, 3);
+    program.Exit();
+}
+
+TEST_CASE("a minimised viewer takes its new size when it is restored") {
+    Program program;
+    const Window viewer = program.Open(ChartFile(120, 90));
+    Minimise(viewer, true);
+    viewer.Command(k200);
+    CHECK(viewer.Text() == L"[1 ]  (100%) File Name : chart.bmp");
+    Minimise(viewer, false);
+    WaitForClient(viewer, 240, 180);
+    CHECK(viewer.Text() == L"[1 ]  (200%) File Name : chart.bmp");
+    program.Exit();
+}
+
+TEST_CASE("the keyboard opens the context menu in the middle of a viewer that the cursor is not over") {
+    Program program;
+    const Window viewer = program.Open(ChartFile(120, 90));
+    const POINT middle = viewer.ClientPoint(60, 45);
+    MoveMouse({1500, 900});
+    viewer.Post(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(viewer.Handle()), -1);
+    OpenMenu menu(program.Running(), program.Inside());
+    const RECT popup = menu.Popup().Frame();
+    CHECK(popup.left == middle.x);
+    CHECK(popup.top == middle.y);
+    menu.Dismiss();
+    program.Exit();
+}
+
+TEST_CASE("a copy that cannot be deleted is reported, the others are deleted and the viewer closes") {
+    Program program;
+    const Window viewer = program.Open(Sample(L"tiff16-mono.tif"));
+    const std::filesystem::path copy = DataFolder() / L"import_img_00.bmp";
+    {
+        const HeldFile held(copy);
+        ClickCloseButton(viewer);
+        const Window box = program.Running().WaitForPlainBox(L"Failed to delete file: " + copy.wstring() +
+                                                             L" (Error code: 32)");
+        CHECK(viewer.Exists());
+        PressOk(box);
+        WaitFor("the end of the viewer", [&] { return !viewer.Exists(); });
+        CHECK(TemporaryCopies() == std::vector<std::wstring>{L"import_img_00.bmp"});
+        program.WaitForTitle(L"Pixora");
+        CHECK(program.Open(Sample(L"bmp24-grey.bmp"), 2).Exists());  // the first place is still taken
+    }
+    program.Exit();
+}
