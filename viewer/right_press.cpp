@@ -1,5 +1,7 @@
 #include "viewer/right_press.h"
 
+#include <utility>
+
 namespace pixora {
 
 void RightPress::Begin() {
@@ -21,7 +23,7 @@ bool RightPress::Tick(bool held, bool editing) {
 
 bool RightPress::EndsAsClick() {
     pressed_ = false;
-    return !menu_opened_;
+    return !std::exchange(menu_opened_, false);
 }
 
 }  // namespace pixora

@@ -56,6 +56,7 @@ constexpr Facts kDialogs[] = {
     {"IDD_ABOUT", 147, 267, 203, L"About Pixora"},
     {"IDD_ONESHOT_MESSAGE", 156, 0, 0, L"Pixora"},
     {"IDD_MAIN_OPTION", 161, 0, 0, L"Main Dialog Option"},
+    {"IDD_COORDINATE", 165, 0, 0, L"Region Coordinates"},
     {"IDD_VIEWER_OPTION", 167, 0, 0, L"Viewer Option"},
     {"IDD_VALUE_ENTRY", 168, 0, 0, L"Display Size Value"},
     {"IDD_IMG_IMPORT", 191, 0, 0, L"Pixora [N:2]"},
@@ -93,6 +94,24 @@ TEST_CASE("the main window has its controls, in the order of the Tab key") {
     CHECK(Find(dialog, 1173).style.find("ES_READONLY") != std::string::npos);
     CHECK(Find(dialog, 1209).kind == "COMBOBOX");
     CHECK(Find(dialog, 1209).style.find("CBS_DROPDOWN ") != std::string::npos);
+}
+
+TEST_CASE("the coordinates of a region have their entries, which begin read-only, and their buttons") {
+    const DialogTemplate dialog = ReadTemplate("IDD_COORDINATE");
+    CHECK(ControlsOf(dialog) == Texts{{1220, L"Left - Top (H, V) =    "},
+                                      {1173, L""},
+                                      {1175, L""},
+                                      {1221, L"Right- Bottom (H,V) ="},
+                                      {1176, L""},
+                                      {1177, L""},
+                                      {1056, L"EDIT VALUE"},
+                                      {1174, L"ENTER"}});
+    for (const int entry : {1173, 1175, 1176, 1177}) {
+        CHECK(Find(dialog, entry).style.find("ES_READONLY") != std::string::npos);
+        CHECK(Find(dialog, entry).style.find("ES_NUMBER") == std::string::npos);
+    }
+    for (const int button : {1056, 1174})
+        CHECK(Find(dialog, button).style.find("BS_OWNERDRAW") != std::string::npos);
 }
 
 TEST_CASE("the message windows have their controls") {

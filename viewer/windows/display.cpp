@@ -57,8 +57,9 @@ void CDisplay::OnInit() {
 }
 
 void CDisplay::OnTick() {
-    if (SlotFlag(&SharedFlags::close_viewer) && !InModal()) return Close();
+    if (SlotFlag(&SharedFlags::close_viewer) && MayClose()) return Close();
     FollowVisibility();
+    FollowEditing();
     FollowSettings();
     FollowLayoutRequest();
 }
@@ -126,6 +127,17 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
             return 0;
         case WM_CONTEXTMENU:
             return ShowContextMenu(l) ? std::optional<LRESULT>(0) : std::nullopt;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:  // the second one of two fast clicks
+            OnLeftButton();
+            return 0;
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            right_press_.Begin();
+            return std::nullopt;
+        case kQuitMenuMessage:
+            ShowQuitMenu();
+            return 0;
         case WM_MOUSEWHEEL:
             OnWheel(w, l);
             return std::nullopt;
@@ -175,14 +187,21 @@ void CDisplay::OnTimer(UINT_PTR timer) {
 Handled CDisplay::OnCommand(const Command& command) {
     if (InModal()) return Handled::yes;  // a late one, from before the box
     if (command.id == IDM_VIEW_CLOSE) {
-        Close();
+        OnClose();
         return Handled::yes;
     }
-    return OnSizeCommand(command.id);
+    return OnQuitCommand(command.id) == Handled::yes ? Handled::yes : OnSizeCommand(command.id);
 }
 
 void CDisplay::OnClose() {
-    if (!InModal()) Close();
+    if (MayClose())
+        Close();
+    else if (!InModal())
+        SlotFlag(&SharedFlags::close_viewer) = true;  // once the dialog's box is gone
+}
+
+bool CDisplay::MayClose() const {
+    return !InModal() && !(coordinates_ && coordinates_->InModal());
 }
 
 void CDisplay::Close() {

@@ -11,7 +11,9 @@
 #include "platform/dialog.h"
 #include "settings/settings.h"
 #include "viewer/layout.h"
+#include "viewer/right_press.h"
 #include "viewer/viewer_state.h"
+#include "viewer/windows/coordinate_dialog.h"
 #include "viewer/windows/image_canvas.h"
 #include "viewer/windows/zoom_tip.h"
 #include "viewer/zoom.h"
@@ -64,6 +66,8 @@ private:
     void Drag(bool button_held);
     void Close();
     void DeleteTemporaryCopies();
+    /// No box or menu of this viewer or of its dialog runs.
+    [[nodiscard]] bool MayClose() const;
     [[nodiscard]] bool& SlotFlag(SlotFlags SharedFlags::*flags) const;
 
     // display_zoom.cpp: the context menu and the display size
@@ -79,12 +83,23 @@ private:
     void OnWheel(WPARAM w, LPARAM l);
     void Report(const std::optional<Message>& refusal);
 
+    // display_edit.cpp: the region and the profile lines
+    static constexpr UINT kQuitMenuMessage = WM_APP;  ///< to itself: show the quit menu
+    void OnLeftButton();
+    [[nodiscard]] bool PickMarkInstead();
+    void FollowEditing();
+    void FollowCoordinates();
+    void ShowQuitMenu();
+    Handled OnQuitCommand(int id);
+
     ViewerContext context_;
     std::shared_ptr<ViewerState> state_;
     CImageCanvas canvas_;
     Visibility visibility_;
     WindowDrag drag_;
     ZoomTip zoom_tip_;
+    RightPress right_press_;
+    std::unique_ptr<CCoordinate> coordinates_;
     POINT menu_point_{};    ///< of the screen; where the context menu was last opened
     bool counted_ = false;  ///< this viewer is in the count of open viewers
     bool closing_ = false;

@@ -41,6 +41,8 @@ bool CDisplay::ShowContextMenu(LPARAM position) {
     const POINT point = MenuPoint(position);
     if (!Contains(ClientOnScreen(), FromWin(point))) return false;  // the caption has a menu of its own
     if (InModal()) return true;
+    if (position != -1 && !right_press_.EndsAsClick()) return true;
+    if (PickMarkInstead()) return true;
     menu_point_ = point;
     const UniqueMenu menu = LoadMenuResource(IDR_DISPLAY_MENU);
     const HMENU popup = GetSubMenu(menu.get(), 0);
