@@ -127,6 +127,16 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
             return 0;
         case WM_CONTEXTMENU:
             return ShowContextMenu(l) ? std::optional<LRESULT>(0) : std::nullopt;
+        case kQuitMenuMessage:
+            ShowQuitMenu();
+            return 0;
+        default:
+            return OnMouse(message, w, l);
+    }
+}
+
+std::optional<LRESULT> CDisplay::OnMouse(UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:  // the second one of two fast clicks
             OnLeftButton();
@@ -135,9 +145,6 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_RBUTTONDBLCLK:
             right_press_.Begin();
             return std::nullopt;
-        case kQuitMenuMessage:
-            ShowQuitMenu();
-            return 0;
         case WM_MOUSEWHEEL:
             OnWheel(w, l);
             return std::nullopt;

@@ -56,6 +56,7 @@ private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
 
     // display.cpp: the window, its ticks and its end
+    std::optional<LRESULT> OnMouse(UINT message, WPARAM w, LPARAM l);
     void FollowVisibility();
     void FollowSettings();
     void FollowLayoutRequest();
