@@ -102,6 +102,8 @@ bool Serve(ProbeBlock& block) {
     HWND window = reinterpret_cast<HWND>(block.window);
     block.count = 0;
     switch (block.task) {
+        case ProbeTask::nothing:
+            return true;
         case ProbeTask::menu:
             if (block.menu)
                 ListMenu(block, nullptr, reinterpret_cast<HMENU>(block.menu), 0);
@@ -119,20 +121,48 @@ bool Serve(ProbeBlock& block) {
     return false;
 }
 
+HANDLE OpenShared(const wchar_t* name_format, HANDLE (*open)(const wchar_t*)) {
+    wchar_t name[64];
+    wsprintfW(name, name_format, GetCurrentProcessId());
+    return open(name);
+}
+
+/// Serves tasks until the program ends. Only one thread ever lives here: starting one for each task would
+/// depend on how the system finds a thread of the program to start it.
+DWORD WINAPI ServeTasks(void* shared) {
+    constexpr auto open_event = [](const wchar_t* name) {
+        return OpenEventW(SYNCHRONIZE | EVENT_MODIFY_STATE, FALSE, name);
+    };
+    HANDLE task = OpenShared(kProbeTaskName, open_event), done = OpenShared(kProbeDoneName, open_event);
+    auto* block = static_cast<ProbeBlock*>(MapViewOfFile(shared, FILE_MAP_ALL_ACCESS, 0, 0, 0));
+    if (!task || !done || !block) return 1;
+    while (WaitForSingleObject(task, INFINITE) == WAIT_OBJECT_0) {
+        if (!Serve(*block)) block->count = -1;
+        SetEvent(done);
+    }
+    return 0;
+}
+
+/// In a process that has no block, the tests' own, nothing starts.
+void StartServing(HINSTANCE self) {
+    HANDLE shared = OpenShared(kProbeBlockName, [](const wchar_t* name) {
+        return OpenFileMappingW(FILE_MAP_ALL_ACCESS, FALSE, name);
+    });
+    if (!shared) return;
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<const wchar_t*>(self), &pinned);
+    CloseHandle(CreateThread(nullptr, 0, &ServeTasks, shared, 0, nullptr));
+}
+
 }  // namespace
 }  // namespace pixora::ui
 
-extern "C" __declspec(dllexport) DWORD WINAPI PixoraUiProbe(void*) {
-    using namespace pixora::ui;
-    wchar_t name[64];
-    wsprintfW(name, kProbeBlockName, GetCurrentProcessId());
-    HANDLE mapping = OpenFileMappingW(FILE_MAP_ALL_ACCESS, FALSE, name);
-    if (!mapping) return 1;
-    auto* block = static_cast<ProbeBlock*>(MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, 0));
-    if (block) {
-        if (!Serve(*block)) block->count = -1;
-        UnmapViewOfFile(block);
-    }
-    CloseHandle(mapping);
-    return block ? 0 : 1;
+extern "C" __declspec(dllexport) LRESULT CALLBACK PixoraUiProbeHook(int code, WPARAM w, LPARAM l) {
+    return CallNextHookEx(nullptr, code, w, l);
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE self, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_ATTACH) pixora::ui::StartServing(self);
+    return TRUE;
 }

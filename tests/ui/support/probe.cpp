@@ -1,7 +1,5 @@
 #include "tests/ui/support/probe.h"
 
-#include <psapi.h>
-
 #include <cstring>
 
 #include "tests/ui/support/environment.h"
@@ -12,78 +10,68 @@
 namespace pixora::ui {
 namespace {
 
-/// Where `path` is loaded in `process`.
-const char* ModuleBase(HANDLE process, const std::filesystem::path& path) {
-    HMODULE modules[512];
-    DWORD bytes = 0;
-    if (!EnumProcessModules(process, modules, sizeof modules, &bytes)) return nullptr;
-    for (DWORD i = 0; i < bytes / sizeof(HMODULE); ++i) {
-        wchar_t name[MAX_PATH] = L"";
-        GetModuleBaseNameW(process, modules[i], name, MAX_PATH);
-        if (_wcsicmp(name, path.filename().c_str()) == 0) return reinterpret_cast<const char*>(modules[i]);
-    }
-    return nullptr;
+std::wstring NameFor(const wchar_t* format, DWORD process_id) {
+    wchar_t name[64];
+    wsprintfW(name, format, process_id);
+    return name;
 }
 
-/// How far behind the DLL's start its entry lies.
-std::ptrdiff_t EntryOffset(const std::filesystem::path& path) {
-    static HMODULE own = LoadLibraryW(path.c_str());
-    const FARPROC entry = own ? GetProcAddress(own, kProbeEntry) : nullptr;
-    if (!entry) throw UiError("the probe could not be loaded: " + Narrow(path.wstring()));
-    return reinterpret_cast<const char*>(entry) - reinterpret_cast<const char*>(own);
+/// The DLL in the tests' own process; only the place of its hook procedure is of use here.
+HMODULE OwnCopy() {
+    static HMODULE copy = LoadLibraryW(ProbePath().c_str());
+    return copy;
+}
+
+HOOKPROC HookProcedure() {
+    const FARPROC procedure = OwnCopy() ? GetProcAddress(OwnCopy(), kProbeHook) : nullptr;
+    if (!procedure) throw UiError("the probe could not be loaded: " + Narrow(ProbePath().wstring()));
+    return reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(procedure));
 }
 
 }  // namespace
 
-Probe::Probe(HANDLE process, DWORD process_id) : process_(process) {
-    wchar_t name[64];
-    wsprintfW(name, kProbeBlockName, process_id);
-    mapping_ = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(ProbeBlock), name);
+Probe::Probe(const Window& window) {
+    const DWORD id = window.ProcessId();
+    mapping_ = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(ProbeBlock),
+                                  NameFor(kProbeBlockName, id).c_str());
+    task_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbeTaskName, id).c_str());
+    done_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbeDoneName, id).c_str());
     if (mapping_) block_ = static_cast<ProbeBlock*>(MapViewOfFile(mapping_, FILE_MAP_ALL_ACCESS, 0, 0, 0));
-    if (!block_) throw UiError("there is no memory for the probe");
-    Load();
+    if (!block_ || !task_ || !done_) throw UiError("there is no memory for the probe");
+    Load(window);
 }
 
 Probe::~Probe() {
     if (block_) UnmapViewOfFile(block_);
-    if (mapping_) CloseHandle(mapping_);
+    for (HANDLE handle : {mapping_, task_, done_})
+        if (handle) CloseHandle(handle);
 }
 
-void Probe::Load() {
-    const std::filesystem::path path = ProbePath();
-    const std::ptrdiff_t offset = EntryOffset(path);
-    const std::wstring text = path.wstring();
-    const SIZE_T bytes = (text.size() + 1) * sizeof(wchar_t);
-    void* there = VirtualAllocEx(process_, nullptr, bytes, MEM_COMMIT, PAGE_READWRITE);
-    if (!there || !WriteProcessMemory(process_, there, text.c_str(), bytes, nullptr))
-        throw UiError("the probe's name could not be handed over");
-    // The system's own DLLs lie at the same address in every process.
-    (void)CallInside(reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(&LoadLibraryW)), there);
-    VirtualFreeEx(process_, there, 0, MEM_RELEASE);
-    const char* base = ModuleBase(process_, path);
-    if (!base) throw UiError("the program did not load the probe");
-    entry_ = reinterpret_cast<LPTHREAD_START_ROUTINE>(const_cast<char*>(base + offset));
-}
-
-DWORD Probe::CallInside(LPTHREAD_START_ROUTINE function, void* argument) {
-    WatchStep("asking the probe");
-    HANDLE thread = CreateRemoteThread(process_, nullptr, 0, function, argument, 0, nullptr);
-    if (!thread) throw UiError("the probe could not be called");
-    const bool ended = WaitForSingleObject(thread, kPatience_ms) == WAIT_OBJECT_0;
-    DWORD code = 1;
-    GetExitCodeThread(thread, &code);
-    CloseHandle(thread);
-    if (!ended) throw UiError("the probe did not answer");
-    return code;
+void Probe::Load(const Window& window) {
+    WatchStep("loading the probe");
+    const DWORD thread = GetWindowThreadProcessId(window.Handle(), nullptr);
+    HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, HookProcedure(), OwnCopy(), thread);
+    if (!hook) throw UiError("the program does not take the probe");
+    window.Post(WM_NULL);  // the next message that the program takes loads the DLL
+    try {
+        Run(ProbeTask::nothing);
+    } catch (...) {
+        UnhookWindowsHookEx(hook);
+        throw;
+    }
+    UnhookWindowsHookEx(hook);
 }
 
 void Probe::Run(ProbeTask task) {
+    WatchStep("asking the probe");
     block_->task = task;
-    if (CallInside(entry_, nullptr) != 0 || block_->count < 0)
+    SetEvent(task_);
+    WaitFor("the probe's answer", [this] { return WaitForSingleObject(done_, 20) == WAIT_OBJECT_0; });
+    if (block_->count < 0)
         throw UiError("the probe failed in its task " + std::to_string(static_cast<unsigned>(task)));
 }
 
-std::vector<ProbeMenuItem> Probe::ReadItems() {
+std::vector<ProbeMenuItem> Probe::ReadItems() const {
     const auto* items = reinterpret_cast<const ProbeMenuItem*>(block_->data);
     return std::vector<ProbeMenuItem>(items, items + block_->count);
 }

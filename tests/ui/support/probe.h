@@ -13,10 +13,10 @@
 
 namespace pixora::ui {
 
-/// The probe in one process; loaded by the constructor.
+/// The probe in one process; loaded by the constructor through the message loop of `window`.
 class Probe {
 public:
-    Probe(HANDLE process, DWORD process_id);
+    explicit Probe(const Window& window);
     ~Probe();
     Probe(const Probe&) = delete;
     Probe& operator=(const Probe&) = delete;
@@ -33,15 +33,12 @@ public:
     [[nodiscard]] std::vector<std::wstring> Tooltips(const Window& window);
 
 private:
-    void Load();
+    void Load(const Window& window);
     void Run(ProbeTask task);
-    [[nodiscard]] DWORD CallInside(LPTHREAD_START_ROUTINE function, void* argument);
-    [[nodiscard]] std::vector<ProbeMenuItem> ReadItems();
+    [[nodiscard]] std::vector<ProbeMenuItem> ReadItems() const;
 
-    HANDLE process_;
-    HANDLE mapping_ = nullptr;
+    HANDLE mapping_ = nullptr, task_ = nullptr, done_ = nullptr;
     ProbeBlock* block_ = nullptr;
-    LPTHREAD_START_ROUTINE entry_ = nullptr;
 };
 
 }  // namespace pixora::ui

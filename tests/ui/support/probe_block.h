@@ -8,7 +8,8 @@
 namespace pixora::ui {
 
 enum class ProbeTask : std::uint32_t {
-    menu,  ///< lists the items of `menu`, or of the menu bar of `window`, sub-menus included
+    nothing,  ///< shows that the probe is there
+    menu,     ///< lists the items of `menu`, or of the menu bar of `window`, sub-menus included
     drop,  ///< drops the files named in `data` (each with a final zero, one more zero at the end) on `window`
     capture,   ///< copies the rectangle x, y, width, height of the client area of `window` into `data`
     tooltips,  ///< lists the texts of all tooltips of the tooltip window `window`
@@ -30,7 +31,12 @@ struct ProbeBlock {
     alignas(16) unsigned char data[24u << 20];
 };
 
-inline constexpr wchar_t kProbeBlockName[] = L"Local\\pixora-ui-probe-%lu";  // with the process id
-inline constexpr char kProbeEntry[] = "PixoraUiProbe";
+// Names of what both sides share, with the program's process id: the block, and two events that say "a task
+// stands in the block" and "it is done".
+inline constexpr wchar_t kProbeBlockName[] = L"Local\\pixora-ui-probe-block-%lu";
+inline constexpr wchar_t kProbeTaskName[] = L"Local\\pixora-ui-probe-task-%lu";
+inline constexpr wchar_t kProbeDoneName[] = L"Local\\pixora-ui-probe-done-%lu";
+/// The DLL's hook procedure. The system loads the DLL into the program to call it.
+inline constexpr char kProbeHook[] = "PixoraUiProbeHook";
 
 }  // namespace pixora::ui

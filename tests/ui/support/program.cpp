@@ -74,7 +74,7 @@ Program::~Program() {
 }
 
 Probe& Program::Inside() {
-    if (!probe_) probe_ = std::make_unique<Probe>(process_->Handle(), process_->Id());
+    if (!probe_) probe_ = std::make_unique<Probe>(main_);
     return *probe_;
 }
 
