@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <utility>
+#include <vector>
 
 #include "platform/message_box.h"
 #include "platform/picture.h"
@@ -57,6 +58,7 @@ void CDisplay::OnInit() {
 }
 
 void CDisplay::OnTick() {
+    if (closing_) return;  // the slot may be another viewer's by now
     if (SlotFlag(&SharedFlags::close_viewer) && MayClose()) return Close();
     FollowVisibility();
     FollowEditing();
@@ -213,22 +215,30 @@ bool CDisplay::MayClose() const {
 
 void CDisplay::Close() {
     if (std::exchange(closing_, true)) return;  // a failure box lets ticks in
-    DeleteTemporaryCopies();
+    const std::vector<std::wstring> failures = DeleteTemporaryCopies();
+    LeaveSlot();  // without its display copy the slot is free, while the boxes still show
+    for (const std::wstring& failure : failures) ShowPlainBox(Window(), failure);
     Destroy();
 }
 
-void CDisplay::DeleteTemporaryCopies() {
+std::vector<std::wstring> CDisplay::DeleteTemporaryCopies() const {
+    std::vector<std::wstring> failures;
     for (const std::filesystem::path& copy : TemporaryCopiesOf(state_->image))
         if (const std::optional<DWORD> error = RemoveCopy(copy))
-            ShowPlainBox(Window(), DeleteFailureText(copy, *error));
+            failures.push_back(DeleteFailureText(copy, *error));
+    return failures;
 }
 
-void CDisplay::OnDestroy() {
-    state_->closing = true;
+void CDisplay::LeaveSlot() {
     if (!std::exchange(counted_, false)) return;
     --context_.flags->open_viewers;
     SlotFlag(&SharedFlags::viewer_open) = false;
     SlotFlag(&SharedFlags::close_viewer) = SlotFlag(&SharedFlags::redraw_viewer) = false;
+}
+
+void CDisplay::OnDestroy() {
+    state_->closing = true;
+    LeaveSlot();
 }
 
 }  // namespace pixora

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "base/flags.h"
 #include "image/image_buffer.h"
@@ -66,7 +68,10 @@ private:
     void BeginDrag(PixelPoint cursor);
     void Drag(bool button_held);
     void Close();
-    void DeleteTemporaryCopies();
+    /// @return what to tell of each copy that could not be deleted.
+    [[nodiscard]] std::vector<std::wstring> DeleteTemporaryCopies() const;
+    /// Gives the slot and its flags up, once.
+    void LeaveSlot();
     /// No box or menu of this viewer or of its dialog runs.
     [[nodiscard]] bool MayClose() const;
     [[nodiscard]] bool& SlotFlag(SlotFlags SharedFlags::*flags) const;
