@@ -18,7 +18,7 @@ LONGEST_FILE = 400
 LONGEST_LINE = 120
 
 FORBIDDEN = (
-    (re.compile(r"""(?<![\w.$}/:-])/(?:home|root|tmp|work)/"""), "a path of one machine"),
+    (re.compile(r"""(?<![\w.$}/:-])/(?:root|tmp|work)/"""), "a path of one machine"),
     (re.compile(r"\b(TODO|FIXME|XXX|HACK)\b"), "a note to do something later"),
     (re.compile(r"\t"), "a tabulator"),
     (re.compile(r"[ ]$"), "a blank at the end"),
