@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Checks the text of every file of the project; prints what is wrong, a line each.
 
-What the code says must hold for somebody who has only the code: no paths of one machine, no labels of papers that are
-not here, no notes to do something later. Files stay short enough to be read in one go.
+What the code says must hold for somebody who has only the code: no paths of one machine, no notes to do something
+later. Files stay short enough to be read in one go.
 """
 
 import pathlib
