@@ -4,12 +4,15 @@
 #include <cstdint>
 #include <string>
 
+#include "analysis/line_profile.h"
+#include "analysis/measurement.h"
 #include "image/image_buffer.h"
 #include "image/region.h"
 #include "settings/settings.h"
 #include "viewer/canvas_plan.h"
 #include "viewer/edit_state.h"
 #include "viewer/geometry.h"
+#include "viewer/pixel_readout.h"
 #include "viewer/sample_buffer.h"
 
 namespace pixora {
@@ -39,6 +42,15 @@ struct ViewerState {
     EditState edit;
 
     int channel = 0;  ///< 0 grey; of a colour image 1 red, 2 green, 3 blue, 4 all three
+
+    /// What the open views show, kept up by the viewer's tick and computed anew only when something that it
+    /// depends on has changed. Each has a number that grows with every computation, so that a view sees at a
+    /// glance whether it shows the newest.
+    Measurement measurement;  ///< of the region that shows, or of the whole image
+    LineProfile h_profile, v_profile;
+    unsigned measured = 0, h_profile_read = 0, v_profile_read = 0;
+    PixelReadout readout;
+    bool binning = true;  ///< histograms are drawn in 256 levels; set and changed by the histogram view
 
     bool closing = false;  ///< the viewer's window goes away; its views close themselves
 

@@ -1,0 +1,53 @@
+#include "analysis/windows/analysis_view.h"
+
+#include <utility>
+
+#include "platform/picture.h"
+#include "platform/screen.h"
+#include "resources/resource.h"
+
+namespace pixora {
+
+AnalysisView::AnalysisView(int template_id, WindowKind kind, bool ViewFlags::*flag, ViewContext context)
+    : Dialog(template_id), context_(std::move(context)), kind_(kind), flag_(flag) {}
+
+bool AnalysisView::Open(HWND viewer) {
+    if (!CreateModeless(viewer)) return false;
+    ShowWindow(Window(), SW_SHOW);
+    return true;
+}
+
+void AnalysisView::OnInit() {
+    State().edit.view_open.*flag_ = true;
+    SetWindowIcons(Window(), IDI_PIXORA);
+    MoveWindowTo(Window(), context_.position);
+    Begin();
+    StartTicking();
+}
+
+void AnalysisView::OnTick() {
+    if (State().closing) {
+        if (!InModal()) Destroy();
+        return;
+    }
+    FollowVisibility();
+    const bool asked = std::exchange(State().edit.redraw.*flag_, false);
+    Update(std::exchange(first_, false) || asked);
+}
+
+void AnalysisView::FollowVisibility() {
+    const bool show = !context_.flags->Hidden(kind_);
+    if (show == std::exchange(shown_, show)) return;
+    ShowWindow(Window(), show ? SW_SHOWNA : SW_HIDE);
+}
+
+void AnalysisView::OnClose() {
+    if (!InModal()) Destroy();
+}
+
+void AnalysisView::OnDestroy() {
+    End();
+    State().edit.view_open.*flag_ = false;
+}
+
+}  // namespace pixora
