@@ -27,15 +27,19 @@ const ProbeMenuItem* FindItem(const std::vector<ProbeMenuItem>& items, std::wstr
     return nullptr;
 }
 
+/// Whether the mouse and the keys of the window's thread go to a menu.
+bool InMenu(const Window& window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window.Handle(), nullptr), &info) &&
+           (info.flags & GUI_INMENUMODE) && info.hwndCapture;
+}
+
 /// How many popup menus are open, and one more while the keys go to a menu.
 int OpenLevels(const Process& process) {
     const std::vector<Window> windows = process.Windows();
     const auto popups = std::count_if(windows.begin(), windows.end(), IsPopup);
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    if (!windows.empty())
-        GetGUIThreadInfo(GetWindowThreadProcessId(windows.front().Handle(), nullptr), &info);
-    return static_cast<int>(popups) + ((info.flags & GUI_INMENUMODE) ? 1 : 0);
+    return static_cast<int>(popups) + (!windows.empty() && InMenu(windows.front()) ? 1 : 0);
 }
 
 }  // namespace
@@ -51,6 +55,8 @@ OpenMenu::OpenMenu(const Process& process, Probe& probe, std::vector<Window> kno
         items_ = probe_.PopupItems(menu);
         return !items_.empty() && items_.front().place.bottom > items_.front().place.top;
     });
+    // It is to be seen before it takes the mouse; a click in between would be lost.
+    WaitFor("the menu to take the mouse", [&] { return InMenu(popup_); });
 }
 
 const ProbeMenuItem& OpenMenu::Item(std::wstring_view text) const {
