@@ -1,0 +1,26 @@
+#include "analysis/channel.h"
+
+namespace pixora {
+
+int NextChannel(int channel, bool colour) {
+    if (!colour) return kGrey;
+    return channel >= kRed && channel < kAllChannels ? channel + 1 : kRed;
+}
+
+std::wstring_view ChannelCaption(int channel, bool colour) {
+    if (!colour) return L" ";
+    switch (channel) {
+        case kRed:
+            return L"R";
+        case kGreen:
+            return L"G";
+        case kBlue:
+            return L"B";
+        case kAllChannels:
+            return L"RGB";
+        default:
+            return L" ";
+    }
+}
+
+}  // namespace pixora

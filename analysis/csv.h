@@ -1,0 +1,34 @@
+// CSV files of histograms and profiles: their bytes and the names that are proposed for them.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "analysis/line_profile.h"
+#include "analysis/measurement.h"
+
+namespace pixora {
+
+/// A histogram: a header, then one line a level.
+/// @param colour   of the image; a grey one has its counts in counts[0] and any selector counts as 0.
+/// @param channel  the selector; one out of range on a colour image gives the levels alone.
+/// @param bits     the depth that measurements work with; sets the number of lines.
+[[nodiscard]] std::string HistogramCsv(const HistogramCounts& counts, bool colour, int channel,
+                                       std::uint32_t bits);
+/// A profile: a header, then one line a position.
+[[nodiscard]] std::string ProfileCsv(const LineProfile& profile, bool colour, int channel);
+
+/// What is proposed for a histogram: `folder`, the image's name without its extension, "_HIS", the channel
+/// and ".csv", for example L"C:\\data\\a_HIS(RGB).csv".
+[[nodiscard]] std::wstring HistogramCsvName(std::wstring_view folder, std::wstring_view image_name,
+                                            bool colour, int channel);
+/// As above with "_H" or "_V" and the number of the line: L"C:\\data\\a_H120(RGB).csv".
+[[nodiscard]] std::wstring ProfileCsvName(std::wstring_view folder, std::wstring_view image_name,
+                                          ProfileKind kind, int line, bool colour, int channel);
+
+/// The folder that the next export starts in: `path` up to and including its last backslash.
+[[nodiscard]] std::wstring CsvFolderOf(std::wstring_view path);
+
+}  // namespace pixora
