@@ -78,8 +78,9 @@ Window OpenInTheMiddle(Program& program, const std::filesystem::path& file) {
     // The button goes up once the window has come along: the system may report an older place of the cursor
     // after a newer one, and only the last report before the release counts.
     for (int step = 1; step <= 5; ++step) {
-        MoveMouse({from.x + 130 * step, from.y + 80 * step});
         WaitFor("the viewer to follow the mouse", [&] {
+            // Again at each look: a late report of the step before puts the cursor back there.
+            MoveMouse({from.x + 130 * step, from.y + 80 * step});
             const RECT now = viewer.Frame();
             return now.left == before.left + 130 * step && now.top == before.top + 80 * step;
         });
