@@ -49,7 +49,8 @@ bool CColorButton::Draw(const DRAWITEMSTRUCT& item) const {
     std::array<wchar_t, 128> caption{};
     const int length = GetWindowTextW(button_, caption.data(), static_cast<int>(caption.size()));
     ::SetBkMode(item.hDC, TRANSPARENT);
-    ::SetTextColor(item.hDC, item.itemState & ODS_DISABLED ? GetSysColor(COLOR_GRAYTEXT) : text_);
+    const COLORREF usual = item.itemState & ODS_DISABLED ? GetSysColor(COLOR_GRAYTEXT) : RGB(0, 0, 0);
+    ::SetTextColor(item.hDC, text_.value_or(usual));
     DrawTextW(item.hDC, caption.data(), length, &rectangle, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     if (item.itemState & ODS_FOCUS && !(item.itemState & ODS_NOFOCUSRECT)) {
         InflateRect(&rectangle, -kFocusMargin, -kFocusMargin);

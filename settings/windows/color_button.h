@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <initializer_list>
+#include <optional>
 #include <string_view>
 
 namespace pixora {
@@ -31,7 +32,7 @@ private:
 
     HWND button_ = nullptr;
     COLORREF back_ = kPlainFace;
-    COLORREF text_ = RGB(0, 0, 0);
+    std::optional<COLORREF> text_;  ///< black, or grey while the button is disabled, when none was set
     bool raised_ = true;
 };
 

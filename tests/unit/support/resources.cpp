@@ -13,7 +13,6 @@
 namespace pixora {
 namespace {
 
-constexpr std::array kScripts = {"pixora.rc", "main.rc", "messages.rc", "options.rc", "viewer.rc"};
 constexpr std::array kTextlessKinds = {"EDITTEXT", "COMBOBOX"};
 
 std::string Trimmed(const std::string& text) {
@@ -68,10 +67,23 @@ TemplateControl ReadControl(const std::string& line) {
     return control;
 }
 
+/// The names of the resource scripts.
+const std::vector<std::string>& Scripts() {
+    static const std::vector<std::string> scripts = [] {
+        std::vector<std::string> names;
+        for (const auto& file :
+             std::filesystem::directory_iterator(std::filesystem::path(PIXORA_SOURCE_FOLDER) / "resources"))
+            if (file.path().extension() == ".rc") names.push_back(file.path().filename().string());
+        std::ranges::sort(names);
+        return names;
+    }();
+    return scripts;
+}
+
 /// The lines from the one that starts with `head` to the end of its block.
 std::vector<std::string> Block(const std::string& head) {
-    for (const char* script : kScripts) {
-        const std::vector<std::string> lines = ResourceLines(script);
+    for (const std::string& script : Scripts()) {
+        const std::vector<std::string> lines = ResourceLines(script.c_str());
         const auto first =
             std::ranges::find_if(lines, [&](const std::string& line) { return line.starts_with(head); });
         if (first != lines.end()) return {first, std::find(first, lines.end(), "END")};
@@ -124,8 +136,8 @@ DialogTemplate ReadTemplate(const std::string& name) {
 
 std::vector<std::string> TemplateNames() {
     std::vector<std::string> names;
-    for (const char* script : kScripts)
-        for (const std::string& line : ResourceLines(script))
+    for (const std::string& script : Scripts())
+        for (const std::string& line : ResourceLines(script.c_str()))
             if (const auto [name, rest] = Statement(line); rest.starts_with("DIALOGEX "))
                 names.push_back(name);
     return names;
