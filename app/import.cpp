@@ -20,160 +20,291 @@ namespace fs = std::filesystem;
 constexpr std::wstring_view kErrorCaption = L" : Error";
 constexpr std::uint64_t kSampleBytesPerPixel = 6;
 
-Message Error(std::wstring_view line1, std::wstring_view line2) {
-    return {std::wstring(kErrorCaption), std::wstring(line1), std::wstring(line2), L""};
+// Why an import cannot go on.
+struct Refused {
+    Message message;
+    std::wstring reason;
+    int code = static_cast<int>(ReadResult::invalid);
+};
+
+Refused Error(std::wstring_view line1, std::wstring_view line2) {
+    return {{std::wstring(kErrorCaption), std::wstring(line1), std::wstring(line2), L""},
+            std::wstring(line2)};
 }
 
-Message FormatError(ReadResult result) {
-    return Error(L"File Format Error", RefusalText(result));
+Refused FormatError(ReadResult result) {
+    Refused refused = Error(L"File Format Error", RefusalText(result));
+    refused.code = static_cast<int>(result);
+    return refused;
 }
 
-// One import on its way: each step fills the record, or says why it cannot go on.
+Refused DepthError(std::uint32_t bits) {
+    Refused refused = Error(L"This TIFF file is " + FormatWhole(bits) + L"-bit.",
+                            L"Only 8, 12, and 16-bit formats are supported.");
+    refused.reason = refused.message.line1 + L" " + refused.message.line2;
+    refused.code = static_cast<int>(ReadResult::not_supported);
+    return refused;
+}
+
+// One import on its way: each step fills the record, or says why it cannot go on. What becomes of the pixels
+// is up to whoever derives from it.
 class Import {
 public:
-    explicit Import(const ImportRequest& request) : request_(request) {}
+    explicit Import(const SourceRequest& request) : request_(request) {}
+    virtual ~Import() = default;
+    Import(const Import&) = delete;
+    Import& operator=(const Import&) = delete;
 
-    ImportResult Run() {
-        if (request_.source.empty()) return {};
-        std::optional<Message> refusal = TakeSlot();
-        if (!refusal) refusal = ReadFacts();
-        if (!refusal) refusal = WriteCopies();
-        if (refusal) {
-            RemoveCopies();
-            return {std::nullopt, *std::move(refusal)};
+    ImportResult Run() noexcept {
+        std::optional<Refused> refused;
+        try {
+            if (request_.source.empty()) return {};
+            refused = Begin();
+            if (!refused) refused = ReadFacts();
+            if (!refused) refused = TakePixels();
+        } catch (const std::exception&) {  // no memory
+            refused = OpenError();
         }
-        return {std::move(record_), {}};
+        if (refused) {
+            GiveUp();
+            return {.image = {},
+                    .message = std::move(refused->message),
+                    .reason = std::move(refused->reason),
+                    .code = refused->code};
+        }
+        ImportResult result;
+        result.image = std::move(record_);
+        result.strips_too_many = type_.tiff.info.strips_too_many;
+        return result;
     }
 
-    // What is left of an import that could not be finished.
-    void RemoveCopies() const {
-        if (!record_.display_copy.empty()) DeleteQuietly(record_.display_copy);
-        if (!record_.data_copy.empty()) DeleteQuietly(record_.data_copy);
-    }
+protected:
+    /// Before the file is looked at.
+    virtual std::optional<Refused> Begin() { return std::nullopt; }
+    /// When all headers have been read; nothing may have been written yet.
+    virtual std::optional<Refused> CheckSize() { return std::nullopt; }
+    // Each takes the pixels of one kind of file, and notes what only they tell.
+    virtual std::optional<Refused> TakeBmp() = 0;
+    virtual std::optional<Refused> TakeTiff16(int given_bits) = 0;
+    virtual std::optional<Refused> TakeTiff() = 0;
+    /// After a refusal, at any time.
+    virtual void GiveUp() {}
 
-    [[nodiscard]] Message FileError(std::wstring_view text) const {
+    [[nodiscard]] Refused FileError(std::wstring_view text, ReadResult code) const {
         const std::wstring name = FileNameOf(WideText(request_.source), fs::path::preferred_separator);
-        return FileErrorMessage(name, text);
+        return {FileErrorMessage(name, text), std::wstring(text), static_cast<int>(code)};
     }
-    [[nodiscard]] Message OpenError() const { return FileError(kOpenFailed); }
-
-private:
-    std::optional<Message> TakeSlot() {
-        const std::optional<int> slot = FindFreeSlot(request_.data_folder);
-        if (!slot) return Error(L"Too many images!", L"Close at least 1 image.");
-        record_.slot = static_cast<std::uint8_t>(*slot);
-        record_.display_copy = DisplayCopyPath(request_.data_folder, *slot);
-        return std::nullopt;
+    [[nodiscard]] Refused OpenError(ReadResult code = ReadResult::invalid) const {
+        return FileError(kOpenFailed, code);
     }
-
-    // Everything that the headers say, and the refusals that need no more; nothing has been written yet.
-    std::optional<Message> ReadFacts() {
-        type_ = DetectFileType(request_.source);
-        if (!type_.opened) return OpenError();
-        if (!type_.Known()) return FileError(L"This is an unsupported or invalid image file.");
-        record_.display_size = StartRatio(request_.display_size);
-        record_.file_kind = type_.kind;
-        record_.bits_per_sample = type_.bits;
-        record_.source_path = WideText(request_.source);
-        record_.file_name = FileNameOf(record_.source_path, fs::path::preferred_separator);
-        ReadSize();
-        if (width_ > kMaxImageSide || height_ > kMaxImageSide) return FormatError(ReadResult::not_supported);
-        record_.width = static_cast<std::uint16_t>(width_);
-        record_.height = static_cast<std::uint16_t>(height_);
-        return CheckDisplayLimit({record_.width, record_.height}, record_.display_size);
+    [[nodiscard]] Refused CorruptError(ReadResult code = ReadResult::invalid) const {
+        return FileError(L"This file is invalid or corrupt.", code);
+    }
+    [[nodiscard]] std::optional<Refused> Refusal(ReadResult result) const {
+        if (result == ReadResult::accepted) return std::nullopt;
+        return result == ReadResult::write_failed ? OpenError(result) : FormatError(result);
     }
 
-    void ReadSize() {
-        if (IsBmp()) {
-            const BmpHeader header = ReadBmpHeader(request_.source).value_or(BmpHeader{});
-            width_ = header.width;
-            height_ = header.height;
-            return;
-        }
-        const TiffInfo& info = type_.tiff.info;
-        width_ = info.width;
-        height_ = info.height;
-        record_.colour = info.IsColour();
-        record_.stored_bits = record_.colour ? info.ChannelBits() : info.SingleBits();
-    }
-
-    std::optional<Message> WriteCopies() {
-        const std::uint64_t pixels = std::uint64_t{width_} * height_;
-        if (pixels >= kLongImportPixels && request_.before_long_import) request_.before_long_import();
-        fits_memory_ = pixels * kSampleBytesPerPixel <= request_.memory_limit;
-        std::optional<Message> refusal = IsBmp() ? WriteBmpCopy() : WriteTiffCopies();
-        std::error_code ignored;
-        if (!refusal && !fs::is_regular_file(record_.display_copy, ignored)) refusal = OpenError();
-        record_.pixel_format = (record_.colour ? L"RGB" : L"Mono") + FormatWhole(record_.bits_per_sample);
-        return refusal;
-    }
-
-    std::optional<Message> WriteBmpCopy() {
-        if (!fits_memory_) return FormatError(ReadResult::invalid);
-        const BmpConversion conversion = ConvertBmp(request_.source, record_.display_copy);
+    std::optional<Refused> NoteBmp(const BmpConversion& conversion) {
         record_.colour = conversion.colour;
         record_.bmp_bit_count = conversion.bit_count;
         return Refusal(conversion.result);
     }
+    void NoteTiff16(int valid_bits) {
+        record_.raw_data = 1;
+        record_.data_kind = ImageFileKind::bin;
+        record_.valid_bits = static_cast<std::uint32_t>(valid_bits);
+    }
 
-    std::optional<Message> WriteTiffCopies() {
+    const SourceRequest& request_;
+    ImageBuffer record_;
+
+private:
+    // Everything that the headers say, and the refusals that need no more.
+    std::optional<Refused> ReadFacts() {
+        type_ = DetectFileType(request_.source);
+        if (!type_.opened) return OpenError();
+        if (!type_.Known())
+            return FileError(L"This is an unsupported or invalid image file.", ReadResult::not_supported);
+        record_.file_kind = type_.kind;
+        record_.bits_per_sample = type_.bits;
+        record_.source_path = WideText(request_.source);
+        record_.file_name = FileNameOf(record_.source_path, fs::path::preferred_separator);
+        std::uint32_t width = 0, height = 0;
+        ReadSize(width, height);
+        if (width > kMaxImageSide || height > kMaxImageSide) return FormatError(ReadResult::not_supported);
+        record_.width = static_cast<std::uint16_t>(width);
+        record_.height = static_cast<std::uint16_t>(height);
+        return CheckSize();
+    }
+
+    void ReadSize(std::uint32_t& width, std::uint32_t& height) {
+        if (type_.kind == ImageFileKind::bmp) {
+            const BmpHeader header = ReadBmpHeader(request_.source).value_or(BmpHeader{});
+            width = header.width;
+            height = header.height;
+            return;
+        }
+        const TiffInfo& info = type_.tiff.info;
+        width = info.width;
+        height = info.height;
+        record_.colour = info.IsColour();
+        record_.stored_bits = record_.colour ? info.ChannelBits() : info.SingleBits();
+    }
+
+    std::optional<Refused> TakePixels() {
+        std::optional<Refused> refused = TakeByKind();
+        record_.pixel_format = (record_.colour ? L"RGB" : L"Mono") + FormatWhole(record_.bits_per_sample);
+        return refused;
+    }
+
+    std::optional<Refused> TakeByKind() {
+        if (type_.kind == ImageFileKind::bmp) return TakeBmp();
         switch (type_.bits) {
             case 16:
-                return Write16BitCopies();
+                return TakeTiff16(request_.auto_bit == L"ON" ? 0 : ParseWhole(request_.valid_bits));
             case 8:
             case 12:
-                return WriteByteCopy();
+                record_.data_kind = record_.file_kind;
+                record_.valid_bits = type_.bits;
+                return TakeTiff();
             default:
-                return Error(L"This TIFF file is " + FormatWhole(type_.bits) + L"-bit.",
-                             L"Only 8, 12, and 16-bit formats are supported.");
+                return DepthError(type_.bits);
         }
     }
 
-    std::optional<Message> Write16BitCopies() {
-        record_.data_copy = DataCopyPath(request_.data_folder, record_.slot, ".bin");
-        const int given_bits = request_.auto_bit == L"ON" ? 0 : ParseWhole(request_.valid_bits);
-        const Tiff16Conversion conversion =
-            fits_memory_ ? ConvertTiff16(request_.source, record_.display_copy, record_.data_copy, given_bits)
-                         : Tiff16Conversion{};
-        if (!conversion.data_written) return FileError(L"This file is invalid or corrupt.");
-        record_.raw_data = 1;
-        record_.data_kind = ImageFileKind::bin;
-        record_.valid_bits = static_cast<std::uint32_t>(conversion.valid_bits);
-        return conversion.display_written ? std::nullopt : std::optional(OpenError());
-    }
-
-    std::optional<Message> WriteByteCopy() {
-        if (!fits_memory_) return FormatError(ReadResult::invalid);
-        record_.data_copy = DataCopyPath(request_.data_folder, record_.slot, ".tiff");
-        record_.data_kind = record_.file_kind;
-        record_.valid_bits = type_.bits;
-        return Refusal(ConvertTiff(request_.source, record_.display_copy, record_.data_copy));
-    }
-
-    [[nodiscard]] std::optional<Message> Refusal(ReadResult result) const {
-        if (result == ReadResult::accepted) return std::nullopt;
-        return result == ReadResult::write_failed ? OpenError() : FormatError(result);
-    }
-
-    [[nodiscard]] bool IsBmp() const { return type_.kind == ImageFileKind::bmp; }
-
-    const ImportRequest& request_;
-    ImageBuffer record_;
     FileType type_;
-    std::uint32_t width_ = 0, height_ = 0;
-    bool fits_memory_ = true;
+};
+
+// Writes the copies of an image under the names in its record.
+class CopyingImport : public Import {
+public:
+    using Import::Import;
+
+protected:
+    std::optional<Refused> TakeBmp() override {
+        return WithDisplayCopy(NoteBmp(ConvertBmp(request_.source, record_.display_copy)));
+    }
+    std::optional<Refused> TakeTiff16(int given_bits) override {
+        const Tiff16Conversion conversion =
+            ConvertTiff16(request_.source, record_.display_copy, record_.data_copy, given_bits);
+        if (!conversion.data_written)
+            return CorruptError(conversion.accepted ? ReadResult::write_failed : ReadResult::invalid);
+        NoteTiff16(conversion.valid_bits);
+        return WithDisplayCopy(
+            Refusal(conversion.display_written ? ReadResult::accepted : ReadResult::write_failed));
+    }
+    std::optional<Refused> TakeTiff() override {
+        return WithDisplayCopy(
+            Refusal(ConvertTiff(request_.source, record_.display_copy, record_.data_copy)));
+    }
+    void GiveUp() override {
+        if (!record_.display_copy.empty()) DeleteQuietly(record_.display_copy);
+        if (!record_.data_copy.empty()) DeleteQuietly(record_.data_copy);
+    }
+
+private:
+    std::optional<Refused> WithDisplayCopy(std::optional<Refused> refused) const {
+        std::error_code ignored;
+        if (refused || fs::is_regular_file(record_.display_copy, ignored)) return refused;
+        return OpenError(ReadResult::write_failed);
+    }
+};
+
+// The import of the main window: copies in a slot of the data folder.
+class ViewerImport final : public CopyingImport {
+public:
+    ViewerImport(const SourceRequest& source, const ImportRequest& request)
+        : CopyingImport(source), viewer_(request) {}
+
+protected:
+    std::optional<Refused> Begin() override {
+        const std::optional<int> slot = FindFreeSlot(viewer_.data_folder);
+        if (!slot) return Error(L"Too many images!", L"Close at least 1 image.");
+        record_.slot = static_cast<std::uint8_t>(*slot);
+        record_.display_copy = DisplayCopyPath(viewer_.data_folder, *slot);
+        return std::nullopt;
+    }
+
+    std::optional<Refused> CheckSize() override {
+        record_.display_size = StartRatio(viewer_.display_size);
+        const std::optional<Message> limit =
+            CheckDisplayLimit({record_.width, record_.height}, record_.display_size);
+        if (limit) return Refused{*limit, limit->line2};
+        if (Pixels() >= kLongImportPixels && viewer_.before_long_import) viewer_.before_long_import();
+        return std::nullopt;
+    }
+
+    std::optional<Refused> TakeBmp() override {
+        return FitsMemory() ? CopyingImport::TakeBmp() : FormatError(ReadResult::invalid);
+    }
+    std::optional<Refused> TakeTiff16(int given_bits) override {
+        record_.data_copy = DataCopyPath(viewer_.data_folder, record_.slot, ".bin");
+        return FitsMemory() ? CopyingImport::TakeTiff16(given_bits) : CorruptError();
+    }
+    std::optional<Refused> TakeTiff() override {
+        record_.data_copy = DataCopyPath(viewer_.data_folder, record_.slot, ".tiff");
+        return FitsMemory() ? CopyingImport::TakeTiff() : FormatError(ReadResult::invalid);
+    }
+
+private:
+    [[nodiscard]] std::uint64_t Pixels() const { return std::uint64_t{record_.width} * record_.height; }
+    [[nodiscard]] bool FitsMemory() const { return Pixels() * kSampleBytesPerPixel <= viewer_.memory_limit; }
+
+    const ImportRequest& viewer_;
+};
+
+// Copies under names of the caller's; of the TIFFs only 16-bit ones have a data copy.
+class NamedCopies final : public CopyingImport {
+public:
+    NamedCopies(const SourceRequest& request, const fs::path& display_copy, const fs::path& data_copy)
+        : CopyingImport(request), data_copy_(data_copy) {
+        record_.display_copy = display_copy;
+    }
+
+protected:
+    std::optional<Refused> TakeTiff16(int given_bits) override {
+        record_.data_copy = data_copy_;
+        return CopyingImport::TakeTiff16(given_bits);
+    }
+
+private:
+    const fs::path& data_copy_;
+};
+
+// Gives the samples away and writes nothing.
+class SampleImport final : public Import {
+public:
+    SampleImport(const SourceRequest& request, SampleSink* sink) : Import(request), sink_(sink) {}
+
+protected:
+    std::optional<Refused> TakeBmp() override { return NoteBmp(ReadBmpSamples(request_.source, sink_)); }
+    std::optional<Refused> TakeTiff16(int given_bits) override {
+        const Tiff16Reading reading = ReadTiff16Samples(request_.source, given_bits, sink_);
+        if (reading.result != ReadResult::accepted) return CorruptError(reading.result);
+        NoteTiff16(reading.valid_bits);
+        return std::nullopt;
+    }
+    std::optional<Refused> TakeTiff() override { return Refusal(ReadTiffSamples(request_.source, sink_)); }
+
+private:
+    SampleSink* sink_;
 };
 
 }  // namespace
 
 ImportResult ImportImage(const ImportRequest& request) noexcept {
-    Import import(request);
-    try {
-        return import.Run();
-    } catch (const std::exception&) {  // no memory
-        import.RemoveCopies();
-        return {std::nullopt, import.OpenError()};
-    }
+    const SourceRequest source{request.source, request.valid_bits, request.auto_bit};
+    return ViewerImport(source, request).Run();
+}
+
+ImportResult ReadImage(const SourceRequest& request, SampleSink* sink) noexcept {
+    return SampleImport(request, sink).Run();
+}
+
+ImportResult CopyImage(const SourceRequest& request, const fs::path& display_copy,
+                       const fs::path& data_copy) noexcept {
+    return NamedCopies(request, display_copy, data_copy).Run();
 }
 
 }  // namespace pixora

@@ -10,6 +10,7 @@
 
 #include "dialogs/message.h"
 #include "image/image_buffer.h"
+#include "image/sample_sink.h"
 
 namespace pixora {
 
@@ -31,10 +32,33 @@ struct ImportRequest {
 struct ImportResult {
     std::optional<ImageBuffer> image;  ///< the complete record when the import succeeded
     Message message;                   ///< what to show otherwise; all empty when there is nothing to say
+    std::wstring reason;               ///< the same in one line, without the file's name
+    int code = 0;                      ///< of the reason, see ReadResult; 0 on success
+    /// The file's table of strips is so large that it is not fetched; its pixels are read from its start.
+    bool strips_too_many = false;
 };
 
 /// Runs the whole import. On success the display copy (and for TIFF the data copy) of the record's slot
 /// exist; on failure the slot is free again. Never throws.
 [[nodiscard]] ImportResult ImportImage(const ImportRequest& request) noexcept;
+
+/// A file that is read without a viewer, a slot or a limit of what can be displayed; otherwise as
+/// ImportImage() would.
+struct SourceRequest {
+    std::filesystem::path source;
+    std::wstring valid_bits;  ///< as the setting VALID_BITS
+    std::wstring auto_bit;    ///< as the setting AUTO_BIT
+};
+
+/// Tells the facts of an image and gives its samples, those of ReadSampleBuffer(), to `sink`. Writes nothing.
+/// With no sink, pixels are read only as far as a fact depends on them.
+/// @return code ReadResult::write_failed when the sink ended the reading.
+[[nodiscard]] ImportResult ReadImage(const SourceRequest& request, SampleSink* sink) noexcept;
+
+/// Writes the display copy of an image, and the data copy of a 16-bit one unless that path is empty. Files of
+/// these names are replaced.
+/// @return code ReadResult::write_failed when a copy could not be written; neither of them exists then.
+[[nodiscard]] ImportResult CopyImage(const SourceRequest& request, const std::filesystem::path& display_copy,
+                                     const std::filesystem::path& data_copy) noexcept;
 
 }  // namespace pixora

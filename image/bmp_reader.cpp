@@ -51,34 +51,99 @@ BmpConversion Copy24(File& source, const BmpHeader& header, const fs::path& disp
     return conversion;
 }
 
-// Takes the converted pixels of 8- and 32-bit sources.
-struct PictureSink {
-    PictureWriter picture;
-    bool colour = false;
+// Takes the pixels of 8- and 32-bit sources for their display copy.
+class PictureSink final : public SampleSink {
+public:
+    explicit PictureSink(PictureWriter picture) : picture_(std::move(picture)) {}
 
-    // The next pixels by their samples, three or (grey) one each.
-    void Take(std::span<const std::uint16_t> samples, std::size_t channels) {
-        picture.Append(samples.size() / channels, [&](std::size_t first, std::span<std::byte> run) {
+    bool Begin(std::uint32_t, std::uint32_t, RowOrder) override { return true; }
+    bool Take(std::span<const std::uint16_t> samples, std::size_t channels) override {
+        picture_.Append(samples.size() / channels, [&](std::size_t first, std::span<std::byte> run) {
             if (channels == 1) return NarrowGrey(samples.subspan(first, run.size() / 3), 0, run);
             NarrowSamples(samples.subspan(3 * first, run.size()), 0, run);
-            colour = colour || HasColour(run);
+            colour_ = colour_ || HasColour(run);
         });
+        return true;
     }
+    [[nodiscard]] bool Colour() const { return colour_; }
+    [[nodiscard]] bool Commit() { return picture_.Commit(); }
+
+private:
+    PictureWriter picture_;
+    bool colour_ = false;
 };
 
-void Read32(File& source, const BmpHeader& header, PictureSink& sink) {
+// Looks for colour in the samples that pass on to `next`; without one, up to the first coloured pixel.
+class ColourWatch final : public SampleSink {
+public:
+    explicit ColourWatch(SampleSink* next) : next_(next) {}
+
+    bool Begin(std::uint32_t width, std::uint32_t height, RowOrder order) override {
+        stopped_ = next_ && !next_->Begin(width, height, order);
+        return !stopped_;
+    }
+    bool Take(std::span<const std::uint16_t> samples, std::size_t channels) override {
+        if (!colour_ && channels == 3) {
+            bytes_.resize(samples.size());
+            NarrowSamples(samples, 0, bytes_);
+            colour_ = HasColour(bytes_);
+        }
+        return Pass(samples, channels);
+    }
+    // The same for bytes that stand for samples, three a pixel.
+    bool TakeBytes(std::span<const std::byte> bytes) {
+        colour_ = colour_ || HasColour(bytes);
+        if (!next_) return !colour_;
+        constexpr std::size_t kPiece = 3 * 1024;  // stays in the nearest cache on its way to `next`
+        samples_.resize(kPiece);
+        for (std::size_t at = 0; at < bytes.size(); at += kPiece) {
+            const auto piece = bytes.subspan(at, std::min(kPiece, bytes.size() - at));
+            const auto samples = std::span(samples_).first(piece.size());
+            DecodePixels(PixelLayout::mono8, piece, samples);
+            if (!Pass(samples, 3)) return false;
+        }
+        return true;
+    }
+    [[nodiscard]] bool Colour() const { return colour_; }
+    [[nodiscard]] bool Stopped() const { return stopped_; }
+
+private:
+    bool Pass(std::span<const std::uint16_t> samples, std::size_t channels) {
+        if (!next_) return !colour_;
+        stopped_ = !next_->Take(samples, channels);
+        return !stopped_;
+    }
+
+    SampleSink* next_;
+    std::vector<std::byte> bytes_;
+    std::vector<std::uint16_t> samples_;
+    bool colour_ = false;
+    bool stopped_ = false;
+};
+
+void Read32(File& source, const BmpHeader& header, SampleSink& sink) {
     const std::uint64_t bytes = std::uint64_t{4} * header.width * header.height;
     std::vector<std::uint16_t> samples;
     static_cast<void>(ForEachBlock(source, bytes, 4, [&](auto, std::span<const std::byte> whole) {
         samples.resize(whole.size() / 4 * 3);
         DecodePixels(PixelLayout::bgrx8, whole, samples);
-        sink.Take(samples, 3);
-        return true;
+        return sink.Take(samples, 3);
     }));
 }
 
+void Read24(File& source, const BmpHeader& header, ColourWatch& sink) {
+    const auto row_bytes = std::size_t{3} * header.width;
+    const auto stride = static_cast<std::size_t>(Bmp24Stride(header.width));
+    const auto take_rows = [&](auto, std::span<const std::byte> whole) {
+        for (std::size_t row = 0; row < whole.size(); row += stride)
+            if (!sink.TakeBytes(whole.subspan(row, row_bytes))) return false;
+        return true;
+    };
+    static_cast<void>(ForEachBlock(source, std::uint64_t{stride} * header.height, stride, take_rows));
+}
+
 // Bottom-up rows go through the palette, always 256 entries from a fixed place, and are padded to four bytes.
-void Read8BottomUp(File& source, const BmpHeader& header, PictureSink& sink) {
+void Read8BottomUp(File& source, const BmpHeader& header, SampleSink& sink) {
     std::array<std::byte, std::size_t{256} * 4> palette{};
     if (source.Seek(kPaletteOffset)) static_cast<void>(source.Read(palette));
     if (!source.Seek(header.data_offset)) return;
@@ -94,7 +159,7 @@ void Read8BottomUp(File& source, const BmpHeader& header, PictureSink& sink) {
                 DecodePixels(PixelLayout::mono8, std::span(palette).subspan(entry, 3),
                              std::span(samples).subspan(3 * x, 3));
             }
-            sink.Take(samples, 3);
+            if (!sink.Take(samples, 3)) return false;
         }
         return true;
     };
@@ -103,33 +168,65 @@ void Read8BottomUp(File& source, const BmpHeader& header, PictureSink& sink) {
 
 // Deliberate: top-down 8-bit files show their palette indices as grey levels and have no padding, so their
 // rows drift when the width is not a multiple of four.
-void Read8TopDown(File& source, const BmpHeader& header, PictureSink& sink) {
+void Read8TopDown(File& source, const BmpHeader& header, SampleSink& sink) {
     std::vector<std::uint16_t> samples;
     const std::uint64_t bytes = std::uint64_t{header.width} * header.height;
     static_cast<void>(ForEachBlock(source, bytes, 1, [&](std::span<const std::byte> got, auto) {
         samples.resize(got.size());
         DecodePixels(PixelLayout::mono8, got, samples);
-        sink.Take(samples, 1);
-        return true;
+        return sink.Take(samples, 1);
     }));
 }
 
-BmpConversion ConvertPixels(File& source, const BmpHeader& header, const fs::path& display_copy) {
-    BmpConversion conversion{.result = ReadResult::write_failed, .bit_count = header.bit_count};
-    const RowOrder order = header.bottom_up ? RowOrder::bottom_up : RowOrder::top_down;
-    std::optional<PictureWriter> picture =
-        PictureWriter::Create(display_copy, header.width, header.height, order);
-    if (!picture || !source.Seek(header.data_offset)) return conversion;
-    PictureSink sink{*std::move(picture)};
+RowOrder OrderOf(const BmpHeader& header) {
+    return header.bottom_up ? RowOrder::bottom_up : RowOrder::top_down;
+}
+
+// The pixels of a source of 8 or 32 bits.
+void ReadPixels(File& source, const BmpHeader& header, SampleSink& sink) {
     if (header.bit_count == 32)
         Read32(source, header, sink);
     else if (header.bottom_up)
         Read8BottomUp(source, header, sink);
     else
         Read8TopDown(source, header, sink);
-    conversion.colour = sink.colour;
-    if (sink.picture.Commit()) conversion.result = ReadResult::accepted;
+}
+
+BmpConversion ConvertPixels(File& source, const BmpHeader& header, const fs::path& display_copy) {
+    BmpConversion conversion{.result = ReadResult::write_failed, .bit_count = header.bit_count};
+    std::optional<PictureWriter> picture =
+        PictureWriter::Create(display_copy, header.width, header.height, OrderOf(header));
+    if (!picture || !source.Seek(header.data_offset)) return conversion;
+    PictureSink sink(*std::move(picture));
+    ReadPixels(source, header, sink);
+    conversion.colour = sink.Colour();
+    if (sink.Commit()) conversion.result = ReadResult::accepted;
     return conversion;
+}
+
+// A source that has been looked at as far as its header goes.
+struct LookedAt {
+    std::optional<File> file;
+    BmpHeader header;
+    BmpConversion conversion;
+
+    [[nodiscard]] bool Accepted() const { return file && conversion.result == ReadResult::accepted; }
+};
+
+LookedAt LookAt(const fs::path& source) {
+    LookedAt found{.file = File::OpenForReading(source), .header = {}, .conversion = {}};
+    if (!found.file) return found;
+    const std::optional<BmpHeader> header = ReadBmpHeader(*found.file);
+    if (!header) {
+        found.conversion.result = ReadResult::invalid;
+        return found;
+    }
+    ReadResult result = CheckHeader(*header);
+    if (result == ReadResult::accepted && header->data_offset >= found.file->Size())
+        result = ReadResult::invalid;
+    found.header = *header;
+    found.conversion = {.result = result, .bit_count = header->bit_count};
+    return found;
 }
 
 }  // namespace
@@ -155,15 +252,26 @@ std::optional<BmpHeader> ReadBmpHeader(const fs::path& path) {
 }
 
 BmpConversion ConvertBmp(const fs::path& source, const fs::path& display_copy) {
-    std::optional<File> file = File::OpenForReading(source);
-    if (!file) return {};
-    const std::optional<BmpHeader> header = ReadBmpHeader(*file);
-    if (!header) return {.result = ReadResult::invalid};
-    ReadResult result = CheckHeader(*header);
-    if (result == ReadResult::accepted && header->data_offset >= file->Size()) result = ReadResult::invalid;
-    if (result != ReadResult::accepted) return {.result = result, .bit_count = header->bit_count};
-    return header->bit_count == 24 ? Copy24(*file, *header, display_copy)
-                                   : ConvertPixels(*file, *header, display_copy);
+    LookedAt found = LookAt(source);
+    if (!found.Accepted()) return found.conversion;
+    return found.header.bit_count == 24 ? Copy24(*found.file, found.header, display_copy)
+                                        : ConvertPixels(*found.file, found.header, display_copy);
+}
+
+BmpConversion ReadBmpSamples(const fs::path& source, SampleSink* sink) {
+    LookedAt found = LookAt(source);
+    if (!found.Accepted()) return found.conversion;
+    const BmpHeader& header = found.header;
+    ColourWatch watch(sink);
+    if (watch.Begin(header.width, header.height, OrderOf(header)) && found.file->Seek(header.data_offset)) {
+        if (header.bit_count == 24)
+            Read24(*found.file, header, watch);
+        else
+            ReadPixels(*found.file, header, watch);
+    }
+    found.conversion.colour = watch.Colour();
+    if (watch.Stopped()) found.conversion.result = ReadResult::write_failed;
+    return found.conversion;
 }
 
 }  // namespace pixora

@@ -8,6 +8,7 @@
 #include "base/file.h"
 #include "image/image_buffer.h"
 #include "image/read_result.h"
+#include "image/sample_sink.h"
 
 namespace pixora {
 
@@ -39,5 +40,10 @@ struct BmpConversion {
 /// @return `accepted` with no copy written when the source cannot be opened.
 [[nodiscard]] BmpConversion ConvertBmp(const std::filesystem::path& source,
                                        const std::filesystem::path& display_copy);
+
+/// Decides and tells the same, and gives the samples of the display copy to `sink` without writing one. With
+/// no sink the pixels are read only up to the first coloured one.
+/// @return `write_failed` when the sink ended the reading.
+[[nodiscard]] BmpConversion ReadBmpSamples(const std::filesystem::path& source, SampleSink* sink);
 
 }  // namespace pixora

@@ -30,7 +30,6 @@ public:
     /// Where the pixels start and end in the file, as its header says.
     [[nodiscard]] std::uint64_t Start() const { return start_; }
     [[nodiscard]] std::uint64_t End() const { return start_ + pixels_ / unit_.pixels * unit_.bytes; }
-    [[nodiscard]] bool HasAnyPixelData() const { return start_ < file_.Size(); }
 
     /// For each block: visitor.See(bytes as stored), then visitor.Take(samples) for the decoded samples in
     /// pieces of whole pixels, which it may change, then visitor.Keep(samples) for all of them where the

@@ -154,7 +154,10 @@ private:
         const std::uint32_t count = U32(entry, 4);
         EntryValues values{.value_bytes = TypeBytes(U16(entry, 2)), .big_endian = big_endian_};
         const std::uint64_t all_bytes = std::uint64_t{count} * values.value_bytes;
-        if (tag == kStripOffsets) info.strip_count = Narrow16(count);
+        if (tag == kStripOffsets) {
+            info.strip_count = Narrow16(count);
+            info.strips_too_many = all_bytes >= kFetchLimit;
+        }
         if (all_bytes <= kInlineBytes) {
             values.bytes = entry.subspan(8, static_cast<std::size_t>(all_bytes));
             Store(tag, values, all_bytes, info);

@@ -24,6 +24,7 @@ struct TiffInfo {
     std::uint16_t resolution_unit = 0;
     std::uint16_t colour_map = 0;  ///< its first value
     std::uint16_t strip_count = 0;
+    bool strips_too_many = false;  ///< the strip offsets were not fetched, so the first one is 0
 
     [[nodiscard]] std::uint16_t SingleBits() const { return bits[3]; }
     [[nodiscard]] std::uint16_t ChannelBits() const { return bits[0]; }

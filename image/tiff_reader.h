@@ -7,6 +7,7 @@
 
 #include "image/pixels.h"
 #include "image/read_result.h"
+#include "image/sample_sink.h"
 #include "image/tiff_header.h"
 
 namespace pixora {
@@ -24,12 +25,17 @@ namespace pixora {
 
 /// Writes both copies of an uncompressed grey or RGB file in one pass over it: the display copy, a 24-bit BMP
 /// of the upper eight bits of every sample, and the byte copy, the whole source as it is. What a short file
-/// does not hold is black; one without any pixel data is invalid.
+/// does not hold is black; one without any pixel data is invalid. No byte copy is made under an empty path.
 [[nodiscard]] ReadResult ConvertTiff(const std::filesystem::path& source,
                                      const std::filesystem::path& display_copy,
                                      const std::filesystem::path& byte_copy);
 
+/// Accepts and refuses the same files, and gives their samples to `sink`; with none, no pixel is read.
+/// @return `write_failed` when the sink ended the reading.
+[[nodiscard]] ReadResult ReadTiffSamples(const std::filesystem::path& source, SampleSink* sink);
+
 struct Tiff16Conversion {
+    bool accepted = false;         ///< the source is such a file and has pixel data
     bool data_written = false;     ///< the data copy is complete
     bool display_written = false;  ///< the display copy is complete too
     int valid_bits = 0;            ///< by which the data copy was scaled
@@ -39,10 +45,22 @@ struct Tiff16Conversion {
 /// ConvertTiff() does, and the data copy, the samples without header, little-endian, rows top to bottom,
 /// colour as blue, green, red, each divided down to its valid bits.
 /// @param valid_bits  8, 10, 12, 14 or 16; any other value finds them from the samples.
+/// @param data_copy  empty when none is wanted; it then counts as written, with no valid bits found.
 /// @return data_written false when the file is not such a file, is damaged or has no pixel data at all, or
 /// when the copy could not be written.
 [[nodiscard]] Tiff16Conversion ConvertTiff16(const std::filesystem::path& source,
                                              const std::filesystem::path& display_copy,
                                              const std::filesystem::path& data_copy, int valid_bits);
+
+struct Tiff16Reading {
+    ReadResult result =
+        ReadResult::accepted;  ///< `invalid`, or `write_failed` when the sink ended the reading
+    int valid_bits = 0;        ///< by which the samples were scaled
+};
+
+/// Accepts the same files and gives the samples of the data copy to `sink` without writing one. With no sink
+/// the pixels are read only as far as finding the valid bits needs them.
+[[nodiscard]] Tiff16Reading ReadTiff16Samples(const std::filesystem::path& source, int valid_bits,
+                                              SampleSink* sink);
 
 }  // namespace pixora
