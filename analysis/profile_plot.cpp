@@ -1,0 +1,128 @@
+#include "analysis/profile_plot.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "analysis/channel.h"
+
+namespace pixora {
+namespace {
+
+// Apart from every tint, channel and frame.
+constexpr PlotColour kGridColour = 0xC8C8C8, kCursorColour = 0xC000C0;
+
+// Collects the segments of a line. Those that stay in one column of pixels grow into one stroke.
+class Trace {
+public:
+    explicit Trace(PlotColour colour) : colour_(colour) {}
+
+    void Add(PlotPoint from, PlotPoint to) {
+        if (from.x != to.x) {
+            Flush();
+            lines_.push_back({from, to, colour_});
+            return;
+        }
+        const int low = std::min(from.y, to.y), high = std::max(from.y, to.y);
+        if (stroke_ && (stroke_->x != from.x || low > stroke_->high || high < stroke_->low)) Flush();
+        if (!stroke_) stroke_ = Stroke{from.x, low, high};
+        stroke_->low = std::min(stroke_->low, low);
+        stroke_->high = std::max(stroke_->high, high);
+    }
+
+    [[nodiscard]] std::vector<PlotLine> Take() {
+        Flush();
+        return std::move(lines_);
+    }
+
+private:
+    struct Stroke {
+        int x, low, high;
+    };
+
+    void Flush() {
+        if (stroke_) lines_.push_back({{stroke_->x, stroke_->low}, {stroke_->x, stroke_->high}, colour_});
+        stroke_.reset();
+    }
+
+    PlotColour colour_;
+    std::optional<Stroke> stroke_;
+    std::vector<PlotLine> lines_;
+};
+
+void AddTrace(const LineProfile& profile, std::size_t place, PlotColour colour, const ProfileScale& scale,
+              Plot& plot) {
+    const std::vector<PlotLine> trace = TraceOf(profile.values[place], scale, colour);
+    plot.lines.insert(plot.lines.end(), trace.begin(), trace.end());
+}
+
+void AddTraces(const LineProfile& profile, const ProfileLook& look, Plot& plot) {
+    const auto add = [&](std::size_t place, PlotColour colour) {
+        AddTrace(profile, place, colour, look.scale, plot);
+    };
+    if (!look.colour) return add(0, kPlotDarkBlue);
+    const bool all = look.channel == kAllChannels;
+    // Any selector that is none of the others shows red.
+    if (all || (look.channel != kGreen && look.channel != kBlue)) add(2, kPlotRed);
+    if (all || look.channel == kGreen) add(1, kPlotGreen);
+    if (all || look.channel == kBlue) add(0, kPlotBlue);
+}
+
+void AddGrid(const ProfileScale& scale, int positions, Plot& plot) {
+    for (const std::uint32_t level : GridLevels(scale.bits)) {
+        const int y = RowOfLevel(scale, level);
+        plot.grid.push_back({{0, y}, {scale.width - 1, y}, kGridColour});
+    }
+    for (const int x : GridColumns(scale, positions))
+        plot.grid.push_back({{x, 0}, {x, scale.height - 1}, kGridColour});
+}
+
+}  // namespace
+
+PlotColour ProfileTint(ProfileKind kind) {
+    return kind == ProfileKind::horizontal ? 0xFFFFEB : 0xEBFAFF;
+}
+
+std::vector<PlotLine> TraceOf(std::span<const std::uint16_t> values, const ProfileScale& scale,
+                              PlotColour colour) {
+    if (values.empty()) return {};
+    const int positions = static_cast<int>(values.size());
+    if (positions == 1) {
+        const int y = std::max(RowOfLevel(scale, values[0]), 0);
+        return {{{1, y}, {ColumnOf(UsableWidth(scale), 1.0), y}, colour}};
+    }
+    const double step = PositionStep(scale, positions);
+    const auto point = [&](int k) {
+        return PlotPoint{ColumnOf(k, step), RowOfLevel(scale, values[static_cast<std::size_t>(k)])};
+    };
+    Trace trace(colour);
+    PlotPoint to = point(0);
+    for (int k = 0; k < positions - 1; ++k) {
+        const PlotPoint from = to;
+        to = point(k + 1);
+        if (from.y < 0 || to.y < 0) {
+            // Deliberate: a segment that leaves the plot runs along its top as a whole.
+            trace.Add({from.x, 0}, {to.x, 0});
+        } else {
+            trace.Add(from, to);
+        }
+    }
+    return trace.Take();
+}
+
+Plot PlotProfile(const LineProfile& profile, const ProfileLook& look) {
+    const ProfileScale& scale = look.scale;
+    Plot plot;
+    plot.width = scale.width;
+    plot.height = scale.height;
+    plot.background = ProfileTint(look.kind);
+    AddGrid(scale, profile.count, plot);
+    AddTraces(profile, look, plot);
+    if (look.level_shown) {
+        const int y = RowOfCursor(scale, look.level);
+        plot.cursors.push_back({{0, y}, {scale.width - 1, y}, kCursorColour});
+    }
+    return plot;
+}
+
+}  // namespace pixora
