@@ -69,6 +69,11 @@ bool StoreOpenFolder(const fs::path& path, Settings& settings, std::wstring_view
     return PutSettingValue(path, kPathOpen.key, folder);
 }
 
+bool StoreSaveFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
+    settings.PATH_SAVE = folder;
+    return PutSettingValue(path, kPathSave.key, folder);
+}
+
 bool StoreMainPosition(const fs::path& path, Settings& settings, std::int32_t x, std::int32_t y) {
     settings.MAIN_POS_X = FormatWhole(x);
     settings.MAIN_POS_Y = FormatWhole(y);

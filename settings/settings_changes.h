@@ -45,6 +45,8 @@ bool StoreTypedDisplaySize(const std::filesystem::path& path, Settings& settings
                            std::wstring_view ratio_text);
 /// Stores where the next open dialog starts.
 bool StoreOpenFolder(const std::filesystem::path& path, Settings& settings, std::wstring_view folder);
+/// Stores where the next dialog for saving a region starts.
+bool StoreSaveFolder(const std::filesystem::path& path, Settings& settings, std::wstring_view folder);
 /// Stores the main window's top-left corner in screen pixels.
 bool StoreMainPosition(const std::filesystem::path& path, Settings& settings, std::int32_t x, std::int32_t y);
 

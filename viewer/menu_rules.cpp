@@ -3,7 +3,9 @@
 namespace pixora {
 
 bool IsOffered(const MenuCommand& command, const ViewerState& state) {
-    return command.implemented && (command.id != kSaveRegionCommand || state.region_on);
+    if (!command.implemented) return false;
+    if (command.view) return !(state.edit.view_open.*command.view);
+    return command.id != kSaveRegionCommand || state.region_on;
 }
 
 }  // namespace pixora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 #include "viewer/viewer_state.h"
 
@@ -11,22 +12,26 @@ namespace pixora {
 struct MenuCommand {
     int id;
     bool implemented;  ///< the viewer does something when it is chosen
+    bool ViewFlags::*view =
+        nullptr;  ///< the view that it opens, of each set of flags; null for other commands
 };
 
 inline constexpr int kSaveRegionCommand = 32810;
 
 /// In the order of the menu; all other commands are never greyed.
 inline constexpr std::array kMenuCommands = {
-    MenuCommand{32923, false},  // Statistics
-    MenuCommand{32917, false},  // H-Profile
-    MenuCommand{32918, false},  // V-Profie
-    MenuCommand{32919, false},  // Histogram
-    MenuCommand{32921, false},  // Image Info.
-    MenuCommand{kSaveRegionCommand, false},
+    MenuCommand{32923, true, &ViewFlags::statistics},   // Statistics
+    MenuCommand{32917, false, &ViewFlags::h_profile},   // H-Profile
+    MenuCommand{32918, false, &ViewFlags::v_profile},   // V-Profie
+    MenuCommand{32919, false, &ViewFlags::histogram},   // Histogram
+    MenuCommand{32921, false, &ViewFlags::image_info},  // Image Info.
+    MenuCommand{kSaveRegionCommand, true},
 };
+/// The views are the first of them.
+inline constexpr std::size_t kViews = 5;
 
-/// Whether the menu offers `command` or greys it. What would do nothing is greyed, and a region can only be
-/// saved while one shows.
+/// Whether the menu offers `command` or greys it. What would do nothing is greyed: a view that is open
+/// already, and saving a region while none shows.
 [[nodiscard]] bool IsOffered(const MenuCommand& command, const ViewerState& state);
 
 }  // namespace pixora

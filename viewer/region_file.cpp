@@ -1,11 +1,18 @@
 #include "viewer/region_file.h"
 
+#include <exception>
 #include <span>
 
+#include "base/file.h"
 #include "base/number_text.h"
+#include "dialogs/text_width.h"
 
 namespace pixora {
 namespace {
+
+// How many character cells of a file's name a message shows.
+constexpr int kShownName = 38;
+constexpr wchar_t kSeparator = L'\\';
 
 bool IsTiff(const ImageBuffer& image) {
     return image.file_kind == ImageFileKind::tiff_little || image.file_kind == ImageFileKind::tiff_big;
@@ -31,12 +38,22 @@ void AddRow(std::span<const std::uint16_t> row, CutRegion& cut) {
 std::wstring RegionFileName(const ImageBuffer& image, const Region& region) {
     return WithoutExtension(image.file_name) + L"_" + FormatWhole(region.left) + L"." +
            FormatWhole(region.top) + L"_" + FormatWhole(region.right) + L"." + FormatWhole(region.bottom) +
-           L"." + (IsTiff(image) ? L"tif" : L"bmp");
+           L"." + RegionFileExtension(image);
 }
 
-CutRegion CutOutRegion(const ViewerState& state) {
+std::wstring RegionFileExtension(const ImageBuffer& image) {
+    return IsTiff(image) ? L"tif" : L"bmp";
+}
+
+std::wstring ProposedRegionPath(const ImageBuffer& image, const Region& region, std::wstring_view folder) {
+    std::wstring path(folder);
+    if (!path.empty() && !path.ends_with(kSeparator)) path += kSeparator;
+    return path + RegionFileName(image, region);
+}
+
+CutRegion CutOutRegion(const ViewerState& state, const Region& region) {
     const SampleBuffer& source = state.samples;
-    const Region part = ClippedTo(state.region, source.width, source.height);
+    const Region part = ClippedTo(region, source.width, source.height);
     CutRegion cut;
     cut.colour = state.image.colour != 0;
     cut.bits = EffectiveBits(state.image);
@@ -51,6 +68,25 @@ CutRegion CutOutRegion(const ViewerState& state) {
         AddRow(source.samples.All().subspan(first, row_samples), cut);
     }
     return cut;
+}
+
+bool SaveRegionOf(const ViewerState& state, const Region& region,
+                  const std::filesystem::path& path) noexcept {
+    try {
+        return SaveRegion(CutOutRegion(state, region).Pixels(), path);
+    } catch (const std::exception&) {  // no memory
+        return false;
+    }
+}
+
+Message RegionNotSaved(const std::filesystem::path& path) {
+    return {L" : Error", L"File: " + ShortenText(FileNameOf(WideText(path)), kShownName),
+            L"Failed to save the image file.", L""};
+}
+
+std::wstring SaveFolderOf(const std::filesystem::path& path) {
+    const std::wstring text = WideText(path);
+    return text.substr(0, text.rfind(kSeparator) + 1);  // all before it; nothing when there is none
 }
 
 }  // namespace pixora

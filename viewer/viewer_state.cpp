@@ -16,10 +16,17 @@ ViewerState NewViewerState(ImageBuffer image, SampleBuffer samples) {
     state.column = state.saved_column = CentreLine(image.width);
     state.channel = image.colour ? 1 : 0;
     state.image = std::move(image);
-    state.samples = std::move(samples);
+    SetSamples(state, std::move(samples));
     state.canvas.image = ImageSizeOf(state);
     UpdateCanvas(state);
     return state;
+}
+
+void SetSamples(ViewerState& state, SampleBuffer samples) {
+    state.samples = std::move(samples);
+    const bool filled = !state.samples.samples.All().empty();
+    state.readout.samples_ready = state.readout.pixel_ready = filled;
+    state.readout.none = !filled;
 }
 
 void ApplySettings(const Settings& settings, ViewerState& state) {

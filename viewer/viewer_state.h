@@ -61,6 +61,9 @@ struct ViewerState {
 /// off, the profile lines in the middle.
 [[nodiscard]] ViewerState NewViewerState(ImageBuffer image, SampleBuffer samples);
 
+/// Gives the viewer its samples, and allows the readout of pixels when there are any.
+void SetSamples(ViewerState& state, SampleBuffer samples);
+
 /// Takes over the settings that a viewer follows: colours, border style and caption style.
 void ApplySettings(const Settings& settings, ViewerState& state);
 

@@ -20,7 +20,9 @@ bool AnalysisView::Open(HWND viewer) {
 void AnalysisView::OnInit() {
     State().edit.view_open.*flag_ = true;
     SetWindowIcons(Window(), IDI_PIXORA);
-    MoveWindowTo(Window(), context_.position);
+    const SIZE size = SizeOf(ScreenRectangle(Window()));
+    const PixelPoint corner = PlaceView(context_.place, {size.cx, size.cy});
+    MoveWindowTo(Window(), {corner.x, corner.y});
     Begin();
     StartTicking();
 }

@@ -9,6 +9,7 @@
 #include "base/flags.h"
 #include "platform/dialog.h"
 #include "settings/settings.h"
+#include "viewer/view_placement.h"
 #include "viewer/viewer_state.h"
 
 namespace pixora {
@@ -19,7 +20,7 @@ struct ViewContext {
     SharedFlags* flags = nullptr;
     Settings* settings = nullptr;
     std::filesystem::path settings_path;
-    POINT position{};  ///< where the window's top-left corner goes, in screen coordinates
+    ViewPlace place;  ///< what decides where the window appears
 };
 
 /// A modeless window that shows something of one viewer's image. It hides with the main window, closes with

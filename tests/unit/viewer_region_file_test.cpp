@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "support/scratch_folder.h"
 #include "support/viewer_states.h"
 
 using namespace pixora;
@@ -60,14 +61,14 @@ TEST_CASE("the name has the edges as they are stored, outside the image too") {
 TEST_CASE("a region is cut out row by row, one sample a grey pixel, three a colour one") {
     ViewerState grey = WithSamples(false);
     grey.region = {1, 1, 2, 2};
-    const CutRegion one = CutOutRegion(grey);
+    const CutRegion one = CutOutRegion(grey, grey.region);
     CHECK(one.width == 2);
     CHECK(one.height == 2);
     CHECK_FALSE(one.colour);
     CHECK(one.samples == Samples{111, 112, 121, 122});
     ViewerState colour = WithSamples(true);
     colour.region = {3, 0, 3, 1};
-    const CutRegion three = CutOutRegion(colour);
+    const CutRegion three = CutOutRegion(colour, colour.region);
     CHECK(three.colour);
     CHECK(three.width == 1);
     CHECK(three.height == 2);
@@ -78,10 +79,10 @@ TEST_CASE("a region is cut out row by row, one sample a grey pixel, three a colo
 TEST_CASE("what lies outside the image is left out") {
     ViewerState state = WithSamples(false);
     state.region = {-1, 2, 0, 9};
-    CHECK(CutOutRegion(state).samples == Samples{120});
+    CHECK(CutOutRegion(state, state.region).samples == Samples{120});
     for (const Region& region : {Region{0, 2, 3, 1}, Region{4, 0, 9, 2}, Region{-5, 0, -1, 2}}) {
         state.region = region;
-        const CutRegion cut = CutOutRegion(state);
+        const CutRegion cut = CutOutRegion(state, state.region);
         CHECK(cut.width == 0);
         CHECK(cut.height == 0);
         CHECK(cut.samples.empty());
@@ -90,9 +91,57 @@ TEST_CASE("what lies outside the image is left out") {
 
 TEST_CASE("a region has the depth that measurements work with") {
     ViewerState state = WithSamples(false);
-    CHECK(CutOutRegion(state).bits == 8);
+    CHECK(CutOutRegion(state, state.region).bits == 8);
     state.image.bits_per_sample = 16;
     state.image.valid_bits = 12;
     state.image.raw_data = 1;
-    CHECK(CutOutRegion(state).bits == 12);
+    CHECK(CutOutRegion(state, state.region).bits == 12);
+}
+
+TEST_CASE("the proposed name stands in the folder where regions were saved last") {
+    ImageBuffer image;
+    image.file_name = L"a.tif";
+    image.file_kind = ImageFileKind::tiff_big;
+    CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"C:\\pics\\") == L"C:\\pics\\a_1.2_3.4.tif");
+    CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"C:\\pics") == L"C:\\pics\\a_1.2_3.4.tif");
+    CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"") == L"a_1.2_3.4.tif");
+    CHECK(RegionFileExtension(image) == L"tif");
+    image.file_kind = ImageFileKind::bmp;
+    CHECK(RegionFileExtension(image) == L"bmp");
+}
+
+TEST_CASE("the folder of a saved region ends with its backslash") {
+    CHECK(SaveFolderOf(L"C:\\pics\\new\\a.bmp") == L"C:\\pics\\new\\");
+    CHECK(SaveFolderOf(L"C:\\a.bmp") == L"C:\\");
+    CHECK(SaveFolderOf(L"a.bmp") == L"");
+}
+
+TEST_CASE("a region that cannot be saved is told with the short name of its file") {
+    CHECK(RegionNotSaved(L"C:\\pics\\a.bmp") ==
+          Message{L" : Error", L"File: a.bmp", L"Failed to save the image file.", L""});
+    CHECK(RegionNotSaved(L"C:\\p\\0123456789012345678901234567890123456789.bmp").line1 ==
+          L"File: 01234.....3456789012345678901234567.bmp");
+}
+
+TEST_CASE("a region is saved as its file's extension says") {
+    const test::ScratchFolder folder;
+    ViewerState state = WithSamples(false);
+    CHECK(SaveRegionOf(state, {1, 1, 2, 2}, folder / "a.bmp"));
+    CHECK(folder.Read("a.bmp").substr(1078) == std::string("\x79\x7a\0\0\x6f\x70\0\0", 8));
+    CHECK(SaveRegionOf(state, {1, 1, 2, 2}, folder / "a.TIF"));
+    CHECK(folder.Read("a.TIF").substr(174) == "\x6f\x70\x79\x7a");
+    CHECK(folder.Names() == "a.TIF a.bmp");
+}
+
+TEST_CASE("a region that cannot be saved leaves an earlier file of that name as it was") {
+    const test::ScratchFolder folder;
+    folder.Write("a.bmp", "mine");
+    ViewerState state = WithSamples(false);
+    CHECK_FALSE(SaveRegionOf(state, {4, 0, 9, 2}, folder / "a.bmp"));
+    state.image.bits_per_sample = state.image.valid_bits = 16;
+    state.image.raw_data = 1;
+    CHECK_FALSE(SaveRegionOf(state, {1, 1, 2, 2}, folder / "a.bmp"));
+    CHECK_FALSE(SaveRegionOf(state, {1, 1, 2, 2}, folder / "b.bmp"));
+    CHECK(folder.Read("a.bmp") == "mine");
+    CHECK(folder.Names() == "a.bmp");
 }

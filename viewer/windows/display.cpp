@@ -37,7 +37,7 @@ CDisplay::~CDisplay() {
 bool CDisplay::Open() {
     std::optional<SampleBuffer> samples = ReadSampleBuffer(state_->image);
     if (!samples) return false;
-    state_->samples = *std::move(samples);
+    SetSamples(*state_, *std::move(samples));
     ApplySettings(*context_.settings, *state_);
     return CreateModeless(nullptr);
 }
@@ -58,10 +58,12 @@ void CDisplay::OnInit() {
 }
 
 void CDisplay::OnTick() {
-    if (closing_) return;  // the slot may be another viewer's by now
+    FreeClosedWindows();
+    if (closing_) return EndClosing();  // the slot may be another viewer's by now
     if (SlotFlag(&SharedFlags::close_viewer) && MayClose()) return Close();
     FollowVisibility();
     FollowEditing();
+    measurements_.Follow(*state_, ClientPoint(CursorPosition()));
     FollowSettings();
     FollowLayoutRequest();
 }
@@ -199,26 +201,35 @@ Handled CDisplay::OnCommand(const Command& command) {
         OnClose();
         return Handled::yes;
     }
-    return OnQuitCommand(command.id) == Handled::yes ? Handled::yes : OnSizeCommand(command.id);
+    for (const auto handle : {&CDisplay::OnViewCommand, &CDisplay::OnQuitCommand, &CDisplay::OnSizeCommand})
+        if ((this->*handle)(command.id) == Handled::yes) return Handled::yes;
+    return Handled::no;
 }
 
 void CDisplay::OnClose() {
     if (MayClose())
         Close();
     else if (!InModal())
-        SlotFlag(&SharedFlags::close_viewer) = true;  // once the dialog's box is gone
+        SlotFlag(&SharedFlags::close_viewer) = true;  // once the box of a view is gone
 }
 
 bool CDisplay::MayClose() const {
-    return !InModal() && !(coordinates_ && coordinates_->InModal());
+    return !InModal() && !AnyViewModal();
 }
 
 void CDisplay::Close() {
     if (std::exchange(closing_, true)) return;  // a failure box lets ticks in
     const std::vector<std::wstring> failures = DeleteTemporaryCopies();
     LeaveSlot();  // without its display copy the slot is free, while the boxes still show
+    state_->closing = true;
     for (const std::wstring& failure : failures) ShowPlainBox(Window(), failure);
-    Destroy();
+    ShowWindow(Window(), SW_HIDE);
+    EndClosing();
+}
+
+// Destroying the window would take its views' windows along, whatever they are doing: they go first.
+void CDisplay::EndClosing() {
+    if (!InModal() && Alone()) Destroy();
 }
 
 std::vector<std::wstring> CDisplay::DeleteTemporaryCopies() const {

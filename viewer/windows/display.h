@@ -3,16 +3,21 @@
 
 #include <windows.h>
 
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "analysis/windows/analysis_view.h"
 #include "base/flags.h"
 #include "image/image_buffer.h"
 #include "platform/dialog.h"
 #include "settings/settings.h"
 #include "viewer/layout.h"
+#include "viewer/measure_tick.h"
+#include "viewer/menu_rules.h"
 #include "viewer/right_press.h"
 #include "viewer/viewer_state.h"
 #include "viewer/windows/coordinate_dialog.h"
@@ -68,11 +73,13 @@ private:
     void BeginDrag(PixelPoint cursor);
     void Drag(bool button_held);
     void Close();
+    /// Destroys the window of a closing viewer once its last view is gone.
+    void EndClosing();
     /// @return what to tell of each copy that could not be deleted.
     [[nodiscard]] std::vector<std::wstring> DeleteTemporaryCopies() const;
     /// Gives the slot and its flags up, once.
     void LeaveSlot();
-    /// No box or menu of this viewer or of its dialog runs.
+    /// No box, file dialog or menu of this viewer, of its dialog or of one of its views runs.
     [[nodiscard]] bool MayClose() const;
     [[nodiscard]] bool& SlotFlag(SlotFlags SharedFlags::*flags) const;
 
@@ -89,6 +96,19 @@ private:
     void OnWheel(WPARAM w, LPARAM l);
     void Report(const std::optional<Message>& refusal);
 
+    // display_views.cpp: the analysis views
+    Handled OnViewCommand(int id);
+    void OpenView(std::size_t number);
+    [[nodiscard]] ViewContext ContextOfView(int number) const;
+    [[nodiscard]] static bool IsFree(const Dialog& dialog);
+    void FreeClosedWindows();
+    [[nodiscard]] bool AnyViewModal() const;
+    /// No view and no coordinates dialog is left.
+    [[nodiscard]] bool Alone() const;
+
+    // display_save.cpp
+    void SaveRegionImage();
+
     // display_edit.cpp: the region and the profile lines
     static constexpr UINT kQuitMenuMessage = WM_APP;  ///< to itself: show the quit menu
     void OnLeftButton();
@@ -102,10 +122,12 @@ private:
     std::shared_ptr<ViewerState> state_;
     CImageCanvas canvas_;
     Visibility visibility_;
+    MeasureTick measurements_;
     WindowDrag drag_;
     ZoomTip zoom_tip_;
     RightPress right_press_;
     std::unique_ptr<CCoordinate> coordinates_;
+    std::array<std::unique_ptr<AnalysisView>, kViews> views_;  ///< in the order of kMenuCommands
     POINT menu_point_{};    ///< of the screen; where the context menu was last opened
     bool counted_ = false;  ///< this viewer is in the count of open viewers
     bool closing_ = false;

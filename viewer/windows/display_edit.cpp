@@ -52,7 +52,6 @@ void CDisplay::FollowEditing() {
 }
 
 void CDisplay::FollowCoordinates() {
-    if (coordinates_ && !coordinates_->Window()) coordinates_.reset();
     if (coordinates_ || !CoordinatesWanted(*state_)) return;
     coordinates_ = std::make_unique<CCoordinate>(state_, *context_.flags);
     if (coordinates_->Open(Window())) return;

@@ -9,6 +9,7 @@
 #include "resources/resource.h"
 #include "settings/settings_changes.h"
 #include "viewer/display_sizes.h"
+#include "viewer/edit_modes.h"
 #include "viewer/menu_rules.h"
 #include "viewer/windows/display.h"
 #include "viewer/windows/geometry_win.h"
@@ -50,7 +51,7 @@ bool CDisplay::ShowContextMenu(LPARAM position) {
         EnableMenuItem(popup, static_cast<UINT>(command.id),
                        IsOffered(command, *state_) ? MF_ENABLED : MF_GRAYED);
     const int command = TrackPopup(Window(), popup, point);
-    canvas_.Repaint();
+    RequestRedraw(*state_);
     if (command != 0) SendMessageW(Window(), WM_COMMAND, static_cast<WPARAM>(command), 0);
     return true;
 }
