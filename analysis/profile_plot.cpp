@@ -1,7 +1,6 @@
 #include "analysis/profile_plot.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "analysis/channel.h"
@@ -24,10 +23,11 @@ public:
             return;
         }
         const int low = std::min(from.y, to.y), high = std::max(from.y, to.y);
-        if (stroke_ && (stroke_->x != from.x || low > stroke_->high || high < stroke_->low)) Flush();
-        if (!stroke_) stroke_ = Stroke{from.x, low, high};
-        stroke_->low = std::min(stroke_->low, low);
-        stroke_->high = std::max(stroke_->high, high);
+        if (open_ && (stroke_.x != from.x || low > stroke_.high || high < stroke_.low)) Flush();
+        if (!open_) stroke_ = {from.x, low, high};
+        open_ = true;
+        stroke_.low = std::min(stroke_.low, low);
+        stroke_.high = std::max(stroke_.high, high);
     }
 
     [[nodiscard]] std::vector<PlotLine> Take() {
@@ -37,16 +37,17 @@ public:
 
 private:
     struct Stroke {
-        int x, low, high;
+        int x = 0, low = 0, high = 0;
     };
 
     void Flush() {
-        if (stroke_) lines_.push_back({{stroke_->x, stroke_->low}, {stroke_->x, stroke_->high}, colour_});
-        stroke_.reset();
+        if (open_) lines_.push_back({{stroke_.x, stroke_.low}, {stroke_.x, stroke_.high}, colour_});
+        open_ = false;
     }
 
     PlotColour colour_;
-    std::optional<Stroke> stroke_;
+    Stroke stroke_;
+    bool open_ = false;
     std::vector<PlotLine> lines_;
 };
 
