@@ -21,10 +21,10 @@ inline constexpr int kSaveRegionCommand = 32810;
 /// In the order of the menu; all other commands are never greyed.
 inline constexpr std::array kMenuCommands = {
     MenuCommand{32923, true, &ViewFlags::statistics},   // Statistics
-    MenuCommand{32917, false, &ViewFlags::h_profile},   // H-Profile
-    MenuCommand{32918, false, &ViewFlags::v_profile},   // V-Profie
+    MenuCommand{32917, true, &ViewFlags::h_profile},   // H-Profile
+    MenuCommand{32918, true, &ViewFlags::v_profile},   // V-Profie
     MenuCommand{32919, false, &ViewFlags::histogram},   // Histogram
-    MenuCommand{32921, false, &ViewFlags::image_info},  // Image Info.
+    MenuCommand{32921, true, &ViewFlags::image_info},  // Image Info.
     MenuCommand{kSaveRegionCommand, true},
 };
 /// The views are the first of them.

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "analysis/windows/image_info.h"
+#include "analysis/windows/profile.h"
 #include "analysis/windows/statistics.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
@@ -15,6 +17,12 @@ std::unique_ptr<AnalysisView> MakeView(int command, ViewContext context) {
     switch (command) {
         case IDM_VIEW_STATISTICS:
             return std::make_unique<CStatistics>(std::move(context));
+        case IDM_VIEW_IMAGE_INFO:
+            return std::make_unique<CImageInfo>(std::move(context));
+        case IDM_VIEW_H_PROFILE:
+            return std::make_unique<CProfileDlg>(ProfileKind::horizontal, std::move(context));
+        case IDM_VIEW_V_PROFILE:
+            return std::make_unique<CProfileDlg>(ProfileKind::vertical, std::move(context));
         default:
             return nullptr;
     }
