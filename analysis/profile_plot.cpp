@@ -11,45 +11,24 @@ namespace {
 // Apart from every tint, channel and frame.
 constexpr PlotColour kGridColour = 0xC8C8C8, kCursorColour = 0xC000C0;
 
-// Collects the segments of a line. Those that stay in one column of pixels grow into one stroke.
-class Trace {
-public:
-    explicit Trace(PlotColour colour) : colour_(colour) {}
-
-    void Add(PlotPoint from, PlotPoint to) {
-        if (from.x != to.x) {
-            Flush();
-            lines_.push_back({from, to, colour_});
+// Adds a segment to a line. Those that stay in one column of pixels grow into one stroke.
+void AddSegment(std::vector<PlotLine>& lines, PlotPoint from, PlotPoint to, PlotColour colour) {
+    if (from.x != to.x) {
+        lines.push_back({from, to, colour});
+        return;
+    }
+    const int low = std::min(from.y, to.y), high = std::max(from.y, to.y);
+    if (!lines.empty()) {
+        PlotLine& last = lines.back();
+        const bool stroke = last.from.x == from.x && last.to.x == from.x;
+        if (stroke && low <= last.to.y && high >= last.from.y) {
+            last.from.y = std::min(last.from.y, low);
+            last.to.y = std::max(last.to.y, high);
             return;
         }
-        const int low = std::min(from.y, to.y), high = std::max(from.y, to.y);
-        if (open_ && (stroke_.x != from.x || low > stroke_.high || high < stroke_.low)) Flush();
-        if (!open_) stroke_ = {from.x, low, high};
-        open_ = true;
-        stroke_.low = std::min(stroke_.low, low);
-        stroke_.high = std::max(stroke_.high, high);
     }
-
-    [[nodiscard]] std::vector<PlotLine> Take() {
-        Flush();
-        return std::move(lines_);
-    }
-
-private:
-    struct Stroke {
-        int x = 0, low = 0, high = 0;
-    };
-
-    void Flush() {
-        if (open_) lines_.push_back({{stroke_.x, stroke_.low}, {stroke_.x, stroke_.high}, colour_});
-        open_ = false;
-    }
-
-    PlotColour colour_;
-    Stroke stroke_;
-    bool open_ = false;
-    std::vector<PlotLine> lines_;
-};
+    lines.push_back({{from.x, low}, {from.x, high}, colour});
+}
 
 void AddTrace(const LineProfile& profile, std::size_t place, PlotColour colour, const ProfileScale& scale,
               Plot& plot) {
@@ -96,19 +75,19 @@ std::vector<PlotLine> TraceOf(std::span<const std::uint16_t> values, const Profi
     const auto point = [&](int k) {
         return PlotPoint{ColumnOf(k, step), RowOfLevel(scale, values[static_cast<std::size_t>(k)])};
     };
-    Trace trace(colour);
+    std::vector<PlotLine> lines;
     PlotPoint to = point(0);
     for (int k = 0; k < positions - 1; ++k) {
         const PlotPoint from = to;
         to = point(k + 1);
         if (from.y < 0 || to.y < 0) {
             // Deliberate: a segment that leaves the plot runs along its top as a whole.
-            trace.Add({from.x, 0}, {to.x, 0});
+            AddSegment(lines, {from.x, 0}, {to.x, 0}, colour);
         } else {
-            trace.Add(from, to);
+            AddSegment(lines, from, to, colour);
         }
     }
-    return trace.Take();
+    return lines;
 }
 
 Plot PlotProfile(const LineProfile& profile, const ProfileLook& look) {
