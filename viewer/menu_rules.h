@@ -20,10 +20,10 @@ inline constexpr int kSaveRegionCommand = 32810;
 
 /// In the order of the menu; all other commands are never greyed.
 inline constexpr std::array kMenuCommands = {
-    MenuCommand{32923, true, &ViewFlags::statistics},   // Statistics
+    MenuCommand{32923, true, &ViewFlags::statistics},  // Statistics
     MenuCommand{32917, true, &ViewFlags::h_profile},   // H-Profile
     MenuCommand{32918, true, &ViewFlags::v_profile},   // V-Profie
-    MenuCommand{32919, false, &ViewFlags::histogram},   // Histogram
+    MenuCommand{32919, false, &ViewFlags::histogram},  // Histogram
     MenuCommand{32921, true, &ViewFlags::image_info},  // Image Info.
     MenuCommand{kSaveRegionCommand, true},
 };
