@@ -40,6 +40,7 @@ struct Measurement {
     std::uint64_t pixels = 0;  ///< in the region, as far as it lies in the image
     StatisticsRecord statistics{};
     HistogramCounts counts;  ///< BinCount(bits) each; empty vectors for channels that the image does not have
+    std::vector<std::uint32_t> tables;  ///< what Measure() counts in; kept for the next time
 };
 
 /// How many bins a histogram of that depth has: 256, 1024, 4096, 16384 or 65536; 256 for any other depth.

@@ -1,0 +1,39 @@
+#include "analysis/csv_export.h"
+
+#include "analysis/csv.h"
+#include "base/file.h"
+#include "settings/settings_file.h"
+#include "settings/stored_keys.h"
+
+namespace pixora {
+namespace {
+
+/// A settings file that is damaged may give all of its text.
+bool IsFolder(std::wstring_view text) {
+    return !text.empty() && text.find(L'\n') == std::wstring_view::npos;
+}
+
+}  // namespace
+
+std::wstring CsvStartFolder(const std::filesystem::path& settings_path, const Settings& settings) {
+    std::wstring stored;
+    const bool found = GetSettingValue(settings_path, kPathCsv.key, stored);
+    return found && IsFolder(stored) ? stored : settings.PATH_CSV;
+}
+
+bool SaveCsv(const std::filesystem::path& chosen, std::string_view bytes,
+             const std::filesystem::path& settings_path, Settings& settings) {
+    if (!WriteWholeFile(chosen, bytes)) return false;
+    const std::wstring folder = CsvFolderOf(WideText(chosen));
+    if (folder.empty()) return true;  // an empty value would spoil the settings file
+    settings.PATH_CSV = folder;
+    // The file is there; that its folder could not be stored is no failure of the export.
+    static_cast<void>(PutSettingValue(settings_path, kPathCsv.key, folder));
+    return true;
+}
+
+Message CsvSavedMessage() {
+    return {L": Information", L"CSV file has been saved.", L"", L""};
+}
+
+}  // namespace pixora
