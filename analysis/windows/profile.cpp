@@ -6,9 +6,12 @@
 #include <utility>
 
 #include "analysis/channel.h"
+#include "analysis/csv.h"
+#include "analysis/windows/csv_export.h"
 #include "base/number_text.h"
 #include "dialogs/windows/messages.h"
 #include "image/image_buffer.h"
+#include "platform/menu.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
 #include "viewer/edit_modes.h"
@@ -171,7 +174,9 @@ void CProfileDlg::ShowLevelCursor() {
 
 Handled CProfileDlg::OnCommand(const Command& command) {
     if (command.code != BN_CLICKED || InModal()) return Handled::no;
-    if (command.id == IDC_PROFILE_CHANNEL) {
+    if (command.id == IDM_PROFILE_EXPORT) {
+        Export();
+    } else if (command.id == IDC_PROFILE_CHANNEL) {
         State().channel = NextChannel(State().channel, IsColour());
         RequestRedraw(State());
     } else if (!OnLineButton(command.id) && !OnLevelButton(command.id)) {
@@ -291,7 +296,7 @@ bool CProfileDlg::ViewerIsToClose() const {
     return State().closing || Context().flags->close_viewer[State().image.slot];
 }
 
-std::optional<LRESULT> CProfileDlg::OnMessage(UINT message, WPARAM, LPARAM l) {
+std::optional<LRESULT> CProfileDlg::OnMessage(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
         case WM_DRAWITEM:
             return plot_.Draw(l) ? std::optional<LRESULT>(TRUE) : std::nullopt;
@@ -299,6 +304,8 @@ std::optional<LRESULT> CProfileDlg::OnMessage(UINT message, WPARAM, LPARAM l) {
         case WM_LBUTTONDBLCLK:  // the second one of two fast clicks
             ClickPlot({GET_X_LPARAM(l), GET_Y_LPARAM(l)});
             return 0;
+        case WM_CONTEXTMENU:
+            return ShowMenu(reinterpret_cast<HWND>(w), l) ? std::optional<LRESULT>(0) : std::nullopt;
         default:
             return std::nullopt;
     }
@@ -310,6 +317,26 @@ void CProfileDlg::ClickPlot(POINT client) {
     if (!level) return;
     level_.Set(*level);
     Update(false);
+}
+
+bool CProfileDlg::ShowMenu(HWND control, LPARAM position) {
+    const POINT at = MenuPosition(control, position);
+    POINT client = at;
+    ScreenToClient(Window(), &client);
+    RECT area{};
+    GetClientRect(Window(), &area);
+    if (InModal() || !PtInRect(&area, client)) return false;  // the caption has the system's menu
+    const UniqueMenu menu = LoadMenuResource(IDR_PROFILE_MENU);
+    const int command = TrackPopup(Window(), GetSubMenu(menu.get(), 0), at);
+    if (command != 0) SendMessageW(Window(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+    return true;
+}
+
+void CProfileDlg::Export() {
+    const ViewerState& state = State();
+    const std::wstring proposed = ProfileCsvName(CsvStartFolder(Context()), state.image.file_name, kind_,
+                                                 Line(), IsColour(), state.channel);
+    ExportCsv(Window(), Context(), proposed, ProfileCsv(held_.Profile(), IsColour(), state.channel));
 }
 
 }  // namespace pixora

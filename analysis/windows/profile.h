@@ -72,6 +72,9 @@ private:
     void Refuse(const InputError& refusal);
     /// No further boxes then.
     [[nodiscard]] bool ViewerIsToClose() const;
+    /// @return false when the position is not in the client area.
+    [[nodiscard]] bool ShowMenu(HWND control, LPARAM position);
+    void Export();
 
     ProfileKind kind_;
     LevelCursor level_;
