@@ -1,0 +1,132 @@
+// The commands that make a file from an image.
+#include <utility>
+
+#include "analysis/csv.h"
+#include "analysis/line_profile.h"
+#include "base/file.h"
+#include "cli/commands.h"
+#include "cli/paths.h"
+#include "image/read_result.h"
+#include "image/region_save.h"
+#include "viewer/region_file.h"
+
+namespace pixora::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kCannotWrite = "the file cannot be written";
+
+// Why a file cannot be made there, as far as that can be told.
+std::string_view WriteFault(const std::string& name) {
+    std::error_code ignored;
+    const fs::path path = PathOf(name);
+    if (fs::is_directory(path, ignored)) return "a folder has this name";
+    const fs::path folder = path.parent_path();
+    if (!folder.empty() && !fs::exists(folder, ignored)) return "the folder does not exist";
+    return kCannotWrite;
+}
+
+int CannotWrite(const Session& session, const std::string& name) {
+    session.Say(name, WriteFault(name));
+    return kFailed;
+}
+
+// An image is never replaced by something made from it.
+bool WouldReplace(const Session& session, const std::string& file, const std::string& out) {
+    if (out.empty() || !SameFile(file, out)) return false;
+    session.Say(out, "this is the image itself");
+    return true;
+}
+
+int WriteCsvFile(const Session& session, const std::string& bytes) {
+    const std::string& out = session.options.out;
+    return WriteWholeFile(PathOf(out), bytes) ? kDone : CannotWrite(session, out);
+}
+
+int ChannelFor(const Session& session, const ImageBuffer& image) {
+    return image.colour ? session.options.channel : int{kGrey};
+}
+
+// The samples of a region as a viewer of them alone would have them.
+ViewerState StateOf(ImageBuffer image, RegionSink& sink) {
+    ViewerState state;
+    state.image = std::move(image);
+    state.samples = std::move(sink.Samples());
+    return state;
+}
+
+}  // namespace
+
+int Histogram(Session& session, const std::string& file) {
+    if (WouldReplace(session, file, session.options.out)) return kUsage;
+    session.sink.Expect(session.options.region);
+    int status = kDone;
+    const std::optional<ImageBuffer> image = session.Read(file, true, status);
+    if (!image) return status;
+    const SampleImage samples = SampleImageOf(*image, session.sink);
+    Measure(samples, WholeImage(samples.width, samples.height), session.measurement);
+    return WriteCsvFile(session, HistogramCsv(session.measurement.counts, samples.colour,
+                                              ChannelFor(session, *image), samples.bits));
+}
+
+int Profile(Session& session, const std::string& file) {
+    const Options& options = session.options;
+    if (WouldReplace(session, file, options.out)) return kUsage;
+    const bool row = options.kind == ProfileKind::horizontal;
+    session.sink.ExpectLine(row, options.line, options.region);
+    int status = kDone;
+    const std::optional<ImageBuffer> image = session.Read(file, true, status);
+    if (!image) return status;
+    const SampleImage samples = SampleImageOf(*image, session.sink);
+    LineProfile profile;
+    ReadLine(samples, options.kind, 0, WholeImage(samples.width, samples.height), profile);
+    profile.first += row ? session.sink.Part().left : session.sink.Part().top;
+    return WriteCsvFile(session, ProfileCsv(profile, samples.colour, ChannelFor(session, *image)));
+}
+
+int SavePart(Session& session, const std::string& file) {
+    const std::string& out = session.options.out;
+    if (WouldReplace(session, file, out)) return kUsage;
+    session.sink.Expect(session.options.region);
+    int status = kDone;
+    std::optional<ImageBuffer> image = session.Read(file, true, status);
+    if (!image) return status;
+    const ViewerState state = StateOf(*std::move(image), session.sink);
+    const CutRegion cut = CutOutRegion(state, WholeImage(state.samples.width, state.samples.height));
+    if (SaveRegion(cut.Pixels(), PathOf(out))) return kDone;
+    if (!cut.colour && cut.bits > 12 && !ChoosesTiff(WideText(PathOf(out)))) {
+        session.Say(out, "a grey image of 14 or 16 bits can be saved as TIFF only");
+        return kFailed;
+    }
+    return CannotWrite(session, out);
+}
+
+int Convert(Session& session, const std::string& file) {
+    const Options& options = session.options;
+    if (WouldReplace(session, file, options.out) || WouldReplace(session, file, options.data)) return kUsage;
+    if (!options.data.empty() && SameFile(options.out, options.data)) {
+        session.Say(options.out, "both copies would have this name");
+        return kUsage;
+    }
+    std::optional<PendingFile> display = PendingFile::For(PathOf(options.out)), data;
+    if (!display) return CannotWrite(session, options.out);
+    if (!options.data.empty() && !(data = PendingFile::For(PathOf(options.data))))
+        return CannotWrite(session, options.data);
+    const ImportResult result =
+        CopyImage(session.RequestFor(file), display->Name(), data ? data->Name() : fs::path());
+    if (!result.image) {
+        if (result.code != static_cast<int>(ReadResult::write_failed)) return session.Refuse(file, result);
+        session.Say(options.out, kCannotWrite);
+        return kFailed;
+    }
+    if (data && !result.image->raw_data) {
+        session.Say(file, "only 16-bit TIFF files have a data copy");
+        return kUsage;
+    }
+    session.Warn(file, result);
+    if (data && !data->Commit()) return CannotWrite(session, options.data);
+    return display->Commit() ? kDone : CannotWrite(session, options.out);
+}
+
+}  // namespace pixora::cli
