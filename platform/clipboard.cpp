@@ -21,13 +21,24 @@ HGLOBAL GlobalCopy(const std::wstring& text) {
     return memory;
 }
 
+/// Programs that watch the clipboard open it for a moment after each change.
+bool OpenWhenFree(HWND owner) {
+    constexpr int kAttempts = 20;
+    constexpr DWORD kPause_ms = 10;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        if (OpenClipboard(owner)) return true;
+        Sleep(kPause_ms);
+    }
+    return false;
+}
+
 }  // namespace
 
 bool PutTextOnClipboard(HWND owner, const std::wstring& text) {
     const HGLOBAL memory = GlobalCopy(text);
     if (!memory) return false;
     bool done = false;
-    if (OpenClipboard(owner)) {
+    if (OpenWhenFree(owner)) {
         done = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory);
         CloseClipboard();
     }
