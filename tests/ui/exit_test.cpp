@@ -1,6 +1,8 @@
 // Leaving the program.
 #include <doctest/doctest.h>
 
+#include "tests/ui/support/boxes.h"
+#include "tests/ui/support/file_dialog.h"
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
@@ -54,6 +56,61 @@ TEST_CASE("leaving while minimised keeps the place from before") {
     program.Exit();
     CHECK(StoredSetting(L"MAIN_POS_X") == L"1200");
     CHECK(StoredSetting(L"MAIN_POS_Y") == L"800");
+}
+
+TEST_CASE("leaving closes boxes, dialogs and file dialogs of all windows that are up") {
+    constexpr int kByValue = 32805, k1000 = 32796;
+    Program program;
+    const Window first = program.Open(ScratchFile(L"small.bmp", BmpBytes(Chart(60, 40), 24)), 1);
+    const Window second = program.Open(ScratchFile(L"wide.bmp", BmpBytes(Chart(2201, 10), 24)), 2);
+    program.Choose(L"Viewer Option  (&V)");
+    first.Command(kByValue);
+    (void)program.Running().WaitForWindow(
+        "the value dialog", [](const Window& window) { return window.Text() == L"Display Size Value"; });
+    second.Command(k1000);
+    (void)WaitForErrorBox(program);
+    Click(program.Item(kBrowse));
+    const FileDialog dialog(program.Running());
+    program.Main().Post(WM_CLOSE);
+    program.CheckEnded();
+    CHECK(DataFiles() == std::vector<std::wstring>{L"Pixora.ini"});
+    CHECK(StoredSetting(L"MAIN_POS_X") == L"1200");
+}
+
+TEST_CASE("leaving answers an open question with no") {
+    Program program;
+    const std::string before = ReadBytes(SettingsFile());
+    program.Choose(L"&Execute Initialize (&E)");
+    (void)WaitForQuestion(program);
+    program.Main().Post(WM_CLOSE);
+    program.CheckEnded();
+    CHECK(ReadBytes(SettingsFile()) == before);
+}
+
+TEST_CASE("leaving closes an open menu") {
+    {
+        Program program;
+        const OpenMenu menu = program.OpenMainMenu(L"&File");
+        program.Main().Post(WM_CLOSE);
+        program.CheckEnded();
+    }
+    Program program;
+    const Window viewer = program.Open(Sample(L"bmp24-colour.bmp"));
+    ClickAt(viewer.ClientPoint(9, 9), Button::right);
+    OpenMenu menu(program.Running(), program.Inside());
+    const OpenMenu sizes = menu.Open(L"Display Size");
+    program.Main().Post(WM_CLOSE);
+    program.CheckEnded();
+}
+
+TEST_CASE("the end of the session leaves the program in order") {
+    Program program;
+    program.Open(Sample(L"tiff16-mono.tif"));
+    CHECK(program.Main().Send(WM_QUERYENDSESSION) != 0);
+    SetWatch(nullptr);
+    program.Main().Send(WM_ENDSESSION, TRUE);
+    program.CheckEnded();
+    CHECK(StoredSetting(L"MAIN_POS_X") == L"1200");
 }
 
 TEST_CASE("leaving changes nothing else in the settings file") {

@@ -10,17 +10,6 @@ using namespace pixora::ui;
 
 namespace {
 
-/// What a first start writes, byte for byte.
-std::string DefaultFile() {
-    const std::wstring text =
-        L"\xFEFF.VER=Pixora  (Ver. 2.00)\r\n.BEGIN\r\nAUTO_BIT=ON\r\nBDR_COLOR=GREEN\r\nBDR_TYPE=AREA\r\n"
-        L"CAP_STYLE=SIMPLE\r\nHIS_BINNING=ON\r\nIMG_SIZE=0.500\r\nLINE_COLOR=RED\r\nLVL_CURSOR=ON\r\n"
-        L"MAIN_POS=LAST\r\nMAIN_POS_X=10\r\nMAIN_POS_Y=10\r\nMARK_COLOR=WHITE\r\nPATH_CSV=" +
-        DocumentsFolder() + L"\\\r\nPATH_OPEN=" + PicturesFolder() + L"\\\r\nPATH_SAVE=" + PicturesFolder() +
-        L"\\\r\nVALID_BITS=16\r\n.END\r\n";
-    return Narrow(text);
-}
-
 constexpr wchar_t kDefaultsNotice[] = L"Created a default initial file.";
 
 /// A plain message box has no words of its own in its caption.
@@ -59,7 +48,7 @@ TEST_CASE("a first start makes the data folder with the default settings and say
     DeleteDataFolder();
     Program program({.keep_data_folder = true,
                      .meanwhile = [](const Process& process) { DismissNotice(process, kDefaultsNotice); }});
-    CHECK(ReadBytes(SettingsFile()) == DefaultFile());
+    CHECK(ReadBytes(SettingsFile()) == DefaultSettingsBytes());
     CHECK(DataFiles() == std::vector<std::wstring>{L"Pixora.ini"});
     // The default is no item of the list: its text stands for itself.
     CHECK(program.Item(kSizeBox).Text() == L"      50%");
@@ -72,7 +61,7 @@ TEST_CASE("a settings file that lacks a key is replaced by the defaults") {
     WriteSettings({{L"HIS_BINNING", L""}, {L"BDR_COLOR", L"RED"}});
     Program program({.keep_data_folder = true,
                      .meanwhile = [](const Process& process) { DismissNotice(process, kDefaultsNotice); }});
-    CHECK(ReadBytes(SettingsFile()) == DefaultFile());
+    CHECK(ReadBytes(SettingsFile()) == DefaultSettingsBytes());
     program.Exit();
 }
 
@@ -109,7 +98,7 @@ TEST_CASE("the main window appears where MAIN_POS says") {
     const Place places[] = {
         {L"TL", L"700", L"600", Place::top_left},         {L"TR", L"700", L"600", Place::top_right},
         {L"LAST", L"700", L"600", Place::stored},         {L"LAST", L"9000", L"600", Place::top_left},
-        {L"LAST", L"-32000", L"-32000", Place::top_left},
+        {L"LAST", L"-32000", L"-32000", Place::top_left}, {L"CENTER", L"700", L"600", Place::top_left},
     };
     const int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
     for (const Place& place : places) {

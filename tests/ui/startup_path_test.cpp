@@ -62,3 +62,17 @@ TEST_CASE("a start-up argument of one character is no path") {
     CHECK(program.Viewers().empty());
     program.Exit();
 }
+
+TEST_CASE("a start-up path relative to the current folder is completed for all that follows") {
+    const std::filesystem::path file = ScratchFile(L"by hand\\relative.bmp", BmpBytes(Chart(40, 30), 24));
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(ScratchFolder());
+    struct GoBack {
+        const std::filesystem::path& folder;
+        ~GoBack() { std::filesystem::current_path(folder); }
+    } const go_back{before};
+    Program program({.arguments = L"\"by hand\\relative.bmp\"", .settings = {{L"CAP_STYLE", L"FULL"}}});
+    const std::wstring caption = program.WaitForViewer(1).Text();
+    CHECK(caption == L"[1 ]  (100%) File Name : " + ShownPath(file, 50));
+    program.Exit();
+}

@@ -1,11 +1,14 @@
 #include "tests/ui/support/boxes.h"
 
+#include "tests/ui/support/input.h"
 #include "tests/ui/support/texts.h"
 
 namespace pixora::ui {
 namespace {
 
 constexpr int kLine1 = 1053, kLine2 = 1051, kLine3 = 1052, kSymbol = 1022;
+constexpr int kRangeTop = 1308, kRangeMiddle = 1310, kRangeBottom = 1309;
+constexpr int kQuestionLine = 1079, kQuestionCancel = 1314;
 
 /// Centred on the screen, 30 pixels above its middle.
 void CheckCentred(const Window& box) {
@@ -35,6 +38,40 @@ ErrorTexts DismissErrorBox(Program& program) {
     const ErrorTexts texts = ReadErrorBox(box);
     PressOk(box);
     return texts;
+}
+
+Window WaitForRangeBox(const Program& program) {
+    return program.Running().WaitForWindow(
+        "a range box", [](const Window& window) { return window.FindItem(kRangeTop).has_value(); });
+}
+
+ErrorTexts ReadRangeBox(const Window& box) {
+    return {box.Text(), box.ItemText(kRangeTop), box.ItemText(kRangeMiddle), box.ItemText(kRangeBottom)};
+}
+
+Window WaitForQuestion(const Program& program) {
+    return program.Running().WaitForWindow("a question", [](const Window& window) {
+        return window.FindItem(kQuestionLine) && window.FindItem(kQuestionCancel);
+    });
+}
+
+std::wstring QuestionText(const Window& question) {
+    return question.ItemText(kQuestionLine);
+}
+
+void Answer(const Window& question, bool yes) {
+    Click(question.Item(yes ? IDOK : kQuestionCancel));
+    WaitFor("the question to close", [&] { return !question.Exists(); });
+}
+
+Window WaitForNotice(const Program& program) {
+    return program.Running().WaitForWindow("a notice", [](const Window& window) {
+        return window.FindItem(kLine1) && window.FindItem(kLine3) && !window.FindItem(kSymbol);
+    });
+}
+
+std::wstring NoticeText(const Window& notice) {
+    return notice.ItemText(kLine1);
 }
 
 }  // namespace pixora::ui

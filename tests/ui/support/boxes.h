@@ -21,6 +21,21 @@ struct ErrorTexts {
 /// Waits for an error box, checks its place and its symbol, presses OK and returns what it said.
 [[nodiscard]] ErrorTexts DismissErrorBox(Program& program);
 
+/// The box about a number out of its range, read like an error box: its lines from top to bottom.
+[[nodiscard]] Window WaitForRangeBox(const Program& program);
+[[nodiscard]] ErrorTexts ReadRangeBox(const Window& box);
+
+/// Waits for a question with OK and CANCEL.
+[[nodiscard]] Window WaitForQuestion(const Program& program);
+/// The line of a question that has only one.
+[[nodiscard]] std::wstring QuestionText(const Window& question);
+/// Presses one of its buttons with the mouse and waits until it is gone.
+void Answer(const Window& question, bool yes);
+
+/// Waits for a notice with an OK button and no symbol, that has only one line.
+[[nodiscard]] Window WaitForNotice(const Program& program);
+[[nodiscard]] std::wstring NoticeText(const Window& notice);
+
 }  // namespace pixora::ui
 
 namespace doctest {

@@ -140,6 +140,15 @@ void WriteSettings(const SettingValues& changes) {
     WriteBytes(SettingsFile(), text + ".END\r\n");
 }
 
+std::string DefaultSettingsBytes() {
+    return Narrow(
+        L"\xFEFF.VER=Pixora  (Ver. 2.00)\r\n.BEGIN\r\nAUTO_BIT=ON\r\nBDR_COLOR=GREEN\r\nBDR_TYPE=AREA\r\n"
+        L"CAP_STYLE=SIMPLE\r\nHIS_BINNING=ON\r\nIMG_SIZE=0.500\r\nLINE_COLOR=RED\r\nLVL_CURSOR=ON\r\n"
+        L"MAIN_POS=LAST\r\nMAIN_POS_X=10\r\nMAIN_POS_Y=10\r\nMARK_COLOR=WHITE\r\nPATH_CSV=" +
+        DocumentsFolder() + L"\\\r\nPATH_OPEN=" + PicturesFolder() + L"\\\r\nPATH_SAVE=" + PicturesFolder() +
+        L"\\\r\nVALID_BITS=16\r\n.END\r\n");
+}
+
 std::wstring StoredSetting(std::wstring_view key) {
     const std::string text = ReadBytes(SettingsFile());
     const std::string start = Narrow(L'\n' + std::wstring(key) + L'=');

@@ -44,6 +44,8 @@ using SettingValues = std::map<std::wstring, std::wstring>;
 [[nodiscard]] SettingValues TestSettings();
 /// Writes a complete settings file: TestSettings() with `changes`.
 void WriteSettings(const SettingValues& changes);
+/// What a first start writes, byte for byte.
+[[nodiscard]] std::string DefaultSettingsBytes();
 /// The value of a key as the file has it now; empty when there is none.
 [[nodiscard]] std::wstring StoredSetting(std::wstring_view key);
 

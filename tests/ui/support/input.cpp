@@ -154,8 +154,20 @@ void TypeText(std::wstring_view text) {
     }
 }
 
+void WaitForKeyboard(const Window& target) {
+    WaitFor("the keyboard to go to \"" + Narrow(target.Class()) + '"', [&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetWindowThreadProcessId(target.Handle(), nullptr), &info);
+        const bool focused =
+            info.hwndFocus && (info.hwndFocus == target.Handle() || IsChild(target.Handle(), info.hwndFocus));
+        return focused && GetAncestor(info.hwndFocus, GA_ROOT) == GetForegroundWindow();
+    });
+}
+
 void TypeInto(const Window& edit, std::wstring_view text) {
     Click(edit);
+    WaitForKeyboard(edit);
     PressKey(VK_END);
     HoldKey(VK_SHIFT);
     PressKey(VK_HOME);

@@ -32,6 +32,8 @@ void HoldKey(WORD key);
 void ReleaseKey(WORD key);
 /// Types any characters.
 void TypeText(std::wstring_view text);
+/// Waits until what is typed goes to this control, or to one of this window's controls.
+void WaitForKeyboard(const Window& target);
 /// Clicks into an edit control, marks all of its text and types over it.
 void TypeInto(const Window& edit, std::wstring_view text);
 

@@ -70,7 +70,9 @@ bool OpenMenu::Greyed(std::wstring_view text) const {
 
 void OpenMenu::ClickItem(std::wstring_view text) const {
     const POINT centre = CentreOf(Item(text).place);
-    if (!IsPopup(Window(WindowFromPoint(centre))))
+    const Window hit(GetAncestor(WindowFromPoint(centre), GA_ROOT));
+    // A popup is drawn over the window that it belongs to, even where the system lists it below that one.
+    if (!IsPopup(hit) && hit.Handle() != GetWindow(popup_.Handle(), GW_OWNER))
         throw UiError("the menu item \"" + Narrow(text) + "\" cannot be reached");
     ClickAt(centre);
 }

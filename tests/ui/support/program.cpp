@@ -30,9 +30,11 @@ Window WaitForMain(const Process& process, const std::function<void(const Proces
 
 }  // namespace
 
-std::wstring ShownPath(const std::filesystem::path& path) {
+std::wstring ShownPath(const std::filesystem::path& path, std::size_t characters) {
     const std::wstring text = path.wstring();
-    return text.size() <= 45 ? text : text.substr(0, 5) + L"....." + text.substr(text.size() - 36);
+    if (text.size() <= characters) return text;
+    // One more than fits: the character that crosses the limit stays.
+    return text.substr(0, 5) + L"....." + text.substr(text.size() - (characters - 9));
 }
 
 bool IsMainWindow(const Window& window) {

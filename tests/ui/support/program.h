@@ -81,8 +81,8 @@ inline constexpr int kPathBox = 1173, kBrowse = 1300, kReload = 1303, kSizeLabel
                      kEdit = 1065;
 
 /// What the path box shows for a path of Latin letters: up to 45 characters all of it, else five, five dots
-/// and the last 36.
-[[nodiscard]] std::wstring ShownPath(const std::filesystem::path& path);
+/// and the last 36. A viewer's caption has five characters more.
+[[nodiscard]] std::wstring ShownPath(const std::filesystem::path& path, std::size_t characters = 45);
 
 [[nodiscard]] bool IsMainWindow(const Window& window);
 [[nodiscard]] bool IsSplash(const Window& window);
