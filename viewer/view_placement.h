@@ -1,4 +1,4 @@
-// Where the analysis views of a viewer appear.
+// Where the analysis views of a viewer and its coordinates dialog appear.
 #pragma once
 
 #include "viewer/geometry.h"

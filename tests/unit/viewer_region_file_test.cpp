@@ -120,7 +120,7 @@ TEST_CASE("a region that cannot be saved is told with the short name of its file
     CHECK(RegionNotSaved(L"C:\\pics\\a.bmp") ==
           Message{L" : Error", L"File: a.bmp", L"Failed to save the image file.", L""});
     CHECK(RegionNotSaved(L"C:\\p\\0123456789012345678901234567890123456789.bmp").line1 ==
-          L"File: 01234.....3456789012345678901234567.bmp");
+          L"File: 01234.....5678901234567890123456789.bmp");
 }
 
 TEST_CASE("a region is saved as its file's extension says") {

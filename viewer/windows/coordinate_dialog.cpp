@@ -2,12 +2,13 @@
 
 #include <utility>
 
-#include "dialogs/placement.h"
 #include "dialogs/windows/messages.h"
-#include "dialogs/windows/placement_win.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
+#include "viewer/menu_rules.h"
+#include "viewer/view_placement.h"
+#include "viewer/windows/geometry_win.h"
 
 namespace pixora {
 namespace {
@@ -30,11 +31,12 @@ bool CCoordinate::Open(HWND viewer) {
     return true;
 }
 
+// After the places of the views.
 void CCoordinate::Place(HWND viewer) const {
-    const ScreenPoint corner =
-        PlaceBeside(ToScreen(ScreenRectangle(viewer)), ToScreen(SizeOf(ScreenRectangle(Window()))),
-                    ToScreen(WorkAreaOf(viewer)));
-    MoveWindowTo(Window(), ToWin(corner));
+    const ViewPlace place{FromWin(ScreenRectangle(viewer)), FromWin(WorkAreaOf(viewer)),
+                          static_cast<int>(kViews), CaptionHeight(viewer)};
+    const PixelPoint corner = PlaceView(place, SizeOf(FromWin(ScreenRectangle(Window()))));
+    MoveWindowTo(Window(), {corner.x, corner.y});
 }
 
 void CCoordinate::OnInit() {
