@@ -48,13 +48,14 @@ void AddTraces(const LineProfile& profile, const ProfileLook& look, Plot& plot) 
     if (all || look.channel == kBlue) add(0, kPlotBlue);
 }
 
+// From edge to edge inside the frame, which stays whole.
 void AddGrid(const ProfileScale& scale, int positions, Plot& plot) {
     for (const std::uint32_t level : GridLevels(scale.bits)) {
         const int y = RowOfLevel(scale, level);
-        plot.grid.push_back({{0, y}, {scale.width - 1, y}, kGridColour});
+        plot.grid.push_back({{1, y}, {scale.width - 2, y}, kGridColour});
     }
     for (const int x : GridColumns(scale, positions))
-        plot.grid.push_back({{x, 0}, {x, scale.height - 1}, kGridColour});
+        plot.grid.push_back({{x, 1}, {x, scale.height - 2}, kGridColour});
 }
 
 }  // namespace

@@ -124,21 +124,21 @@ TEST_CASE("without positions there is the grid of levels and nothing else") {
     CHECK(plot.width == 103);
     CHECK(plot.height == 256);
     REQUIRE(plot.grid.size() == 7);
-    CHECK(plot.grid[0].from == PlotPoint{0, 223});
-    CHECK(plot.grid[0].to == PlotPoint{102, 223});
-    CHECK(plot.grid[6].from == PlotPoint{0, 31});
+    CHECK(plot.grid[0].from == PlotPoint{1, 223});
+    CHECK(plot.grid[0].to == PlotPoint{101, 223});
+    CHECK(plot.grid[6].from == PlotPoint{1, 31});
     CHECK(plot.boxes.empty());
     CHECK(plot.lines.empty());
     CHECK(plot.cursors.empty());
 }
 
-TEST_CASE("the vertical grid runs over the full height") {
+TEST_CASE("the grid runs over the full width and height inside the frame") {
     const LineProfile profile{.first = 0, .count = 4, .values = {{{0, 0, 0, 0}, {}, {}}}};
     const Plot plot = PlotProfile(profile, Look());
     REQUIRE(plot.grid.size() == 9);
-    CHECK(plot.grid[7].from == PlotPoint{33, 0});
-    CHECK(plot.grid[7].to == PlotPoint{33, 255});
-    CHECK(plot.grid[8].from == PlotPoint{66, 0});
+    CHECK(plot.grid[7].from == PlotPoint{33, 1});
+    CHECK(plot.grid[7].to == PlotPoint{33, 254});
+    CHECK(plot.grid[8].from == PlotPoint{66, 1});
 }
 
 TEST_CASE("a grey image is one line") {
