@@ -1,0 +1,231 @@
+#include <doctest/doctest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "app/import.h"
+#include "image/read_result.h"
+#include "tests/unit/support/image_bytes.h"
+#include "tests/unit/support/scratch_folder.h"
+#include "viewer/sample_buffer.h"
+
+using namespace pixora;
+using namespace pixora::test;
+
+namespace {
+
+// Keeps everything that comes, top row first, three samples a pixel.
+class Collector final : public SampleSink {
+public:
+    bool Begin(std::uint32_t width, std::uint32_t height, RowOrder order) override {
+        ++begun;
+        width_ = width;
+        order_ = order;
+        arrived_.clear();
+        size_ = std::size_t{3} * width * height;
+        return begun <= allowed_begins;
+    }
+    bool Take(std::span<const std::uint16_t> samples, std::size_t channels) override {
+        ++taken;
+        for (const std::uint16_t sample : samples)
+            arrived_.insert(arrived_.end(), channels == 1 ? 3 : 1, sample);
+        return !stop;
+    }
+    [[nodiscard]] std::vector<int> Samples() const {
+        std::vector<std::uint16_t> all = arrived_;
+        all.resize(size_);
+        const auto row = std::ptrdiff_t{3} * width_;
+        if (order_ == RowOrder::top_down) return {all.begin(), all.end()};
+        std::vector<int> turned;
+        for (auto end = all.end(); end != all.begin(); end -= row)
+            turned.insert(turned.end(), end - row, end);
+        return turned;
+    }
+
+    int begun = 0, taken = 0, allowed_begins = 100;
+    bool stop = false;
+
+private:
+    std::uint32_t width_ = 0;
+    RowOrder order_ = RowOrder::top_down;
+    std::size_t size_ = 0;
+    std::vector<std::uint16_t> arrived_;
+};
+
+std::string Noise(std::size_t bytes, unsigned seed) {
+    std::mt19937 random(seed);
+    std::string noise(bytes, '\0');
+    for (char& c : noise) c = static_cast<char>(random());
+    return noise;
+}
+
+// Files of every kind: whole, cut short, and with valid bits that only late samples show.
+std::vector<std::string> Files() {
+    std::vector<std::string> files;
+    for (const int height : {5, -5}) {
+        const std::uint16_t depths[] = {8, 24, 32};
+        for (const std::uint16_t bits : depths)
+            files.push_back(BmpFile{.width = 7,
+                                    .height = height,
+                                    .bits = bits,
+                                    .data_offset = 54 + 1024,
+                                    .before_data = Noise(1024, 1),
+                                    .pixels = Noise(7 * 5 * 4 + 20, 2)}
+                                .Make());
+        files.push_back(BmpFile{
+            .width = 3, .height = height, .pixels = std::string(static_cast<std::size_t>(12 * 5), '\7')}
+                            .Make());
+    }
+    for (const int photometric : {1, 2})
+        for (const int bits : {8, 12, 16})
+            files.push_back(TiffFile{.width = 9,
+                                     .height = 7,
+                                     .photometric = photometric,
+                                     .bits = bits,
+                                     .pixels = Noise(9 * 7 * 6, 3)}
+                                .Make());
+    std::string late(std::size_t{2} * 300 * 300, '\0');
+    late[2 * 150 * 300] = 64;  // 10 valid bits: the sixth bit differs
+    files.push_back(TiffFile{.width = 300, .height = 300, .bits = 16, .pixels = late}.Make());
+    late[late.size() - 2] = 1;  // 16 of them
+    files.push_back(TiffFile{.width = 300, .height = 300, .bits = 16, .pixels = late}.Make());
+    files.push_back(TiffFile{.width = 3, .bits = 16, .pixels = Words({0x1234, 0x1234})}.Make());
+    const std::size_t whole = files.size();
+    for (std::size_t i = 0; i < whole; ++i) files.push_back(files[i].substr(0, files[i].size() - 17));
+    return files;
+}
+
+}  // namespace
+
+TEST_CASE("reading an image gives the record and the samples that an import keeps in its copies") {
+    const ScratchFolder folder;
+    for (const std::string& bytes : Files()) {
+        for (const wchar_t* auto_bit : {L"ON", L"OFF"}) {
+            CAPTURE(bytes.size());
+            const auto path = folder.Write("a.img", bytes);
+            const ImportResult imported = ImportImage({.source = path,
+                                                       .data_folder = folder.Path(),
+                                                       .display_size = L"1.00",
+                                                       .valid_bits = L"12",
+                                                       .auto_bit = auto_bit,
+                                                       .before_long_import = {}});
+            Collector sink;
+            const ImportResult read = ReadImage({path, L"12", auto_bit}, &sink);
+            const ImportResult facts = ReadImage({path, L"12", auto_bit}, nullptr);
+            CHECK(read.code == imported.code);
+            CHECK(facts.code == imported.code);
+            CHECK(read.reason == imported.reason);
+            REQUIRE(read.image.has_value() == imported.image.has_value());
+            REQUIRE(facts.image.has_value() == imported.image.has_value());
+            if (!imported.image) continue;
+            const ImageBuffer& expected = *imported.image;
+            for (const ImageBuffer& image : {*read.image, *facts.image}) {
+                CHECK(image.file_kind == expected.file_kind);
+                CHECK(image.data_kind == expected.data_kind);
+                CHECK(image.width == expected.width);
+                CHECK(image.height == expected.height);
+                CHECK(image.colour == expected.colour);
+                CHECK(image.pixel_format == expected.pixel_format);
+                CHECK(image.bits_per_sample == expected.bits_per_sample);
+                CHECK(image.stored_bits == expected.stored_bits);
+                CHECK(image.valid_bits == expected.valid_bits);
+                CHECK(image.raw_data == expected.raw_data);
+                CHECK(image.bmp_bit_count == expected.bmp_bit_count);
+                CHECK(image.source_path == expected.source_path);
+                CHECK(image.file_name == L"a.img");
+            }
+            const auto buffer = ReadSampleBuffer(expected);
+            REQUIRE(buffer.has_value());
+            CHECK(sink.Samples() ==
+                  std::vector<int>(buffer->samples.All().begin(), buffer->samples.All().end()));
+            DeleteTemporaryCopies(folder.Path());
+            CHECK(folder.Names() == "a.img");
+        }
+    }
+}
+
+TEST_CASE("a sink hears of a wrong guess of the valid bits and gets all samples again") {
+    const ScratchFolder folder;
+    std::string late(std::size_t{2} * 300 * 300, '\0');
+    late[late.size() - 2] = 1;
+    const auto path =
+        folder.Write("a.tif", TiffFile{.width = 300, .height = 300, .bits = 16, .pixels = late}.Make());
+    Collector sink;
+    REQUIRE(ReadImage({path, L"", L"ON"}, &sink).image->valid_bits == 16);
+    CHECK(sink.begun == 2);
+    CHECK(sink.Samples().back() == 1);
+}
+
+TEST_CASE("a sink ends the reading") {
+    const ScratchFolder folder;
+    for (const std::string& bytes : {Files()[0], Files()[1], Files()[2], Files()[8], Files()[10]}) {
+        const auto path = folder.Write("a.img", bytes);
+        Collector at_once;
+        at_once.allowed_begins = 0;
+        const ImportResult refused = ReadImage({path, L"", L"ON"}, &at_once);
+        CHECK_FALSE(refused.image.has_value());
+        CHECK(refused.code == static_cast<int>(ReadResult::write_failed));
+        CHECK(at_once.taken == 0);
+        Collector later;
+        later.stop = true;
+        CHECK(ReadImage({path, L"", L"ON"}, &later).code == static_cast<int>(ReadResult::write_failed));
+        CHECK(later.taken == 1);
+    }
+}
+
+TEST_CASE("copies are written under names of the caller's, a data copy for 16 bits alone") {
+    const ScratchFolder folder;
+    const auto source =
+        folder.Write("a.tif", TiffFile{.width = 2, .bits = 16, .pixels = Words({0x1230, 0x4560})}.Make());
+    REQUIRE(CopyImage({source, L"", L"ON"}, folder / "b.bmp", folder / "b.bin").image.has_value());
+    CHECK(folder.Read("b.bin") == Words({0x123, 0x456}));
+    CHECK(folder.Read("b.bmp").size() == 54 + 8);
+    CHECK(folder.Read("b.bmp").substr(54, 6) == Bytes({0x12, 0x12, 0x12, 0x45, 0x45, 0x45}));
+    const std::string display = folder.Read("b.bmp");
+    REQUIRE(CopyImage({source, L"", L"ON"}, folder / "c.bmp", {}).image.has_value());
+    CHECK(folder.Read("c.bmp") == display);
+    const auto eight = folder.Write("e.tif", TiffFile{.pixels = Bytes({5})}.Make());
+    REQUIRE(CopyImage({eight, L"", L"ON"}, folder / "d.bmp", folder / "d.bin").image.has_value());
+    CHECK(folder.Names() == "a.tif b.bin b.bmp c.bmp d.bmp e.tif");
+}
+
+TEST_CASE("a copy that cannot be written leaves nothing and is told from a refusal") {
+    const ScratchFolder folder;
+    const auto source = folder.Write("a.tif", TiffFile{.bits = 16, .pixels = Words({0x1230})}.Make());
+    const SourceRequest request{source, L"", L"ON"};
+    CHECK(CopyImage(request, folder.Path() / "no" / "b", folder / "b.bin").code == 100);
+    CHECK(CopyImage(request, folder / "b.bmp", folder.Path() / "no" / "b").code == 100);
+    const auto damaged = folder.Write("b.tif", TiffFile{.bits = 16}.Make());
+    CHECK(CopyImage({damaged, L"", L"ON"}, folder / "b.bmp", folder / "b.bin").code == 1);
+    CHECK(folder.Names() == "a.tif b.tif");
+}
+
+TEST_CASE("every refusal has its code and its reason in one line") {
+    const ScratchFolder folder;
+    const auto refusal = [&](const std::string& bytes) {
+        const ImportResult result = ReadImage({folder.Write("a", bytes), L"", L"ON"}, nullptr);
+        return std::to_wstring(result.code) + L" " + result.reason;
+    };
+    CHECK(refusal("no image") == L"15 This is an unsupported or invalid image file.");
+    CHECK(refusal("BM") == L"1 This image file is invalid.");
+    CHECK(refusal(BmpFile{.bits = 16}.Make()) == L"15 This file is not supported.");
+    CHECK(refusal(BmpFile{.bits = 1}.Make()) == L"4 1-Bit BMP file is not supported.");
+    CHECK(refusal(TiffFile{.bits = 10}.Make()) ==
+          L"15 This TIFF file is 10-bit. Only 8, 12, and 16-bit formats are supported.");
+    CHECK(refusal(TiffFile{.bits = 16, .compression = 5}.Make()) == L"1 This file is invalid or corrupt.");
+    const ImportResult missing = ReadImage({folder / "missing", L"", L"ON"}, nullptr);
+    CHECK(missing.code == 1);
+    CHECK(missing.reason == L"Failed to Open Image File");
+}
+
+TEST_CASE("a strip table too large to be fetched is told") {
+    const ScratchFolder folder;
+    TiffFile file{.pixels = Bytes({5})};
+    CHECK_FALSE(ReadImage({folder.Write("a", file.Make()), L"", L"ON"}, nullptr).strips_too_many);
+    file.more = {{273, 4, 3000, 0}};
+    const auto path = folder.Write("a", file.Make());
+    CHECK(ReadImage({path, L"", L"ON"}, nullptr).strips_too_many);
+    file.more = {{273, 3, 4096, 0}};  // 8,192 bytes are fetched, if they are there
+    CHECK_FALSE(ReadImage({folder.Write("a", file.Make()), L"", L"ON"}, nullptr).strips_too_many);
+}
