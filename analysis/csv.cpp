@@ -25,7 +25,8 @@ constexpr std::size_t kLongestField = 8;
 struct Columns {
     std::array<std::size_t, 3> places{};
     std::size_t count = 0;
-    [[nodiscard]] std::span<const std::size_t> Places() const { return std::span(places).first(count); }
+    [[nodiscard]] std::span<const std::size_t> Places() const& { return std::span(places).first(count); }
+    std::span<const std::size_t> Places() && = delete;  // it would outlive the places
 };
 
 Columns ColumnsOf(bool colour, int channel) {

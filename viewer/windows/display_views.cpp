@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "analysis/windows/histogram.h"
 #include "analysis/windows/image_info.h"
 #include "analysis/windows/profile.h"
 #include "analysis/windows/statistics.h"
@@ -23,6 +24,8 @@ std::unique_ptr<AnalysisView> MakeView(int command, ViewContext context) {
             return std::make_unique<CProfileDlg>(ProfileKind::horizontal, std::move(context));
         case IDM_VIEW_V_PROFILE:
             return std::make_unique<CProfileDlg>(ProfileKind::vertical, std::move(context));
+        case IDM_VIEW_HISTOGRAM:
+            return std::make_unique<CHistogram>(std::move(context));
         default:
             return nullptr;
     }
