@@ -23,8 +23,11 @@ OpenMenu OpenPathMenu(Program& program) {
     return {program.Running(), program.Inside()};
 }
 
-void WaitForClipboard(const std::wstring& text) {
-    WaitFor("the clipboard's text", [&] { return ClipboardText() == text; });
+/// Waits until something was copied after the clipboard had this number, and checks it. Looking into the
+/// clipboard before would keep it from the program.
+void WaitForCopy(DWORD before, const std::wstring& text) {
+    WaitFor("the clipboard to change", [&] { return GetClipboardSequenceNumber() != before; });
+    WaitFor("the copied text", [&] { return ClipboardText() == text; });
 }
 
 bool IsOptionDialog(const Window& window) {
@@ -48,9 +51,10 @@ TEST_CASE("the path box's menu copies the whole path, chosen or not, and nothing
     for (const bool chosen : {false, true}) {
         CAPTURE(chosen);
         SetClipboardText(L"somebody's");
+        const DWORD before = GetClipboardSequenceNumber();
         OpenMenu menu = OpenPathMenu(program);
         chosen ? menu.Choose(kCopyItem) : menu.Dismiss();
-        WaitForClipboard(file.wstring());
+        WaitForCopy(before, file.wstring());
     }
     program.Exit();
     CHECK(ClipboardText() == file.wstring());

@@ -11,7 +11,7 @@ using namespace pixora::ui;
 
 namespace {
 
-constexpr std::uint32_t kEditModeColour = Rgb(255, 248, 200);
+constexpr std::uint32_t kEditModeColour = Rgb(255, 248, 200), kEditModeFace = Rgb(255, 224, 130);
 
 std::filesystem::path MakePicture(std::wstring_view name) {
     return ScratchFile(name, BmpBytes(Chart(64, 48), 24));
@@ -20,6 +20,11 @@ std::filesystem::path MakePicture(std::wstring_view name) {
 /// The colour of the path box beside its text.
 std::uint32_t PathColour(Program& program) {
     return program.See(program.Item(kPathBox)).At(0, 0);
+}
+
+/// The colour of the button's face beside its caption.
+std::uint32_t ButtonColour(Program& program) {
+    return program.See(program.Item(kEdit)).At(6, 6);
 }
 
 void BeginPathEdit(Program& program) {
@@ -54,11 +59,14 @@ TEST_CASE("path edit mode shows the whole path on a colour of its own and disabl
     Program program;
     program.Open(file);
     const std::uint32_t plain = PathColour(program);
+    const std::uint32_t plain_button = ButtonColour(program);
     CHECK(plain != kEditModeColour);
+    CHECK(plain_button != kEditModeFace);
     BeginPathEdit(program);
     CHECK(program.Item(kPathBox).Text() == file.wstring());
     CheckControls(program, true);
     WaitFor("the colour of path edit mode", [&] { return PathColour(program) == kEditModeColour; });
+    WaitFor("the button's colour", [&] { return ButtonColour(program) == kEditModeFace; });
 
     OpenMenu menu = program.OpenMainMenu(L"&File");
     CHECK(menu.Greyed(L"Open (&O)"));
@@ -74,6 +82,7 @@ TEST_CASE("path edit mode shows the whole path on a colour of its own and disabl
     CheckControls(program, false);
     CHECK(program.Item(kPathBox).Text() == ShownPath(file));
     WaitFor("the plain colour", [&] { return PathColour(program) == plain; });
+    WaitFor("the button's plain colour", [&] { return ButtonColour(program) == plain_button; });
     OpenMenu again = program.OpenMainMenu(L"&File");
     CHECK_FALSE(again.Greyed(L"Open (&O)"));
     again.Dismiss();

@@ -26,12 +26,16 @@ Window SizeEdit(const Program& program) {
     return program.Item(kSizeBox).Item(kEditOfCombo);
 }
 
-void WaitForStored(const std::wstring& ratio) {
-    WaitFor("the stored size " + Narrow(ratio), [&] { return StoredSetting(L"IMG_SIZE") == ratio; });
-}
-
+/// Waits until the size box shows a text. The program does not answer while it stores a size, so what is
+/// stored with the text stands in the file by then: nothing may look into the file while it is replaced.
 void WaitForSizeText(const Program& program, const std::wstring& text) {
     WaitFor("the size box's \"" + Narrow(text) + '"', [&] { return program.Item(kSizeBox).Text() == text; });
+}
+
+/// Waits until the size box shows a text, and checks the ratio stored with it.
+void WaitForSize(const Program& program, const std::wstring& text, const std::wstring& ratio) {
+    WaitForSizeText(program, text);
+    CHECK(StoredSetting(L"IMG_SIZE") == ratio);
 }
 
 void TypeSize(const Program& program, const std::wstring& text) {
@@ -92,13 +96,12 @@ TEST_CASE("the arrow keys choose each size of the list, and each is stored at on
     for (int index = 1; index < 15; ++index) {
         CAPTURE(index);
         PressKey(VK_DOWN);
-        WaitForStored(kListedSizes[index].ratio);
-        CHECK(program.Item(kSizeBox).Text() == kListedSizes[index].item);
+        WaitForSize(program, kListedSizes[index].item, kListedSizes[index].ratio);
         CHECK(program.Item(kSizeBox).Send(CB_GETCURSEL) == index);
     }
     PressKey(VK_HOME);  // stays in the text: the first item is reached by the arrow alone
     PressKey(VK_UP);
-    WaitForStored(L"5.00");
+    WaitForSize(program, L"     500%", L"5.00");
     CHECK(StoredSetting(L"BDR_COLOR") == L"GRAY");
     const RECT client = program.Open(ScratchFile(L"small.bmp", BmpBytes(Chart(60, 40), 24))).Client();
     CHECK(client.right - client.left == 300);
@@ -111,8 +114,7 @@ TEST_CASE("the mouse chooses a size from the list") {
     for (const int index : {0, 13, 7, 14}) {
         CAPTURE(index);
         ClickListItem(program, index);
-        WaitForStored(kListedSizes[index].ratio);
-        CHECK(program.Item(kSizeBox).Text() == kListedSizes[index].item);
+        WaitForSize(program, kListedSizes[index].item, kListedSizes[index].ratio);
         CHECK(program.Item(kSizeBox).Send(CB_GETCURSEL) == index);
     }
     program.Exit();
@@ -126,12 +128,11 @@ TEST_CASE("Enter in the open list closes it and stores what the box shows as a t
     PressKey(VK_F4);
     WaitFor("the list", [&] { return OpenList(program).has_value(); });
     PressKey(VK_DOWN);
-    WaitForStored(L"1.50");
+    WaitForSize(program, L"     150%", L"1.50");
     PressKey(VK_RETURN);
     WaitUntilListCloses(program);
-    WaitForStored(L"1.500");
     WaitFor("no chosen item", [&] { return program.Item(kSizeBox).Send(CB_GETCURSEL) == CB_ERR; });
-    CHECK(program.Item(kSizeBox).Text() == L"     150%");
+    WaitForSize(program, L"     150%", L"1.500");
     program.Exit();
 }
 
@@ -139,9 +140,9 @@ TEST_CASE("a size chosen while the settings file is damaged leaves the other set
     Program program({.settings = {{L"BDR_COLOR", L"RED"}, {L"HIS_BINNING", L"OFF"}}});
     WriteSettings({{L"BDR_COLOR", L"GRAY"}, {L"HIS_BINNING", L""}});
     ClickListItem(program, 2);
-    WaitFor("all settings", [] { return StoredSetting(L"PATH_SAVE") == PicturesFolder() + L"\\"; });
-    WaitForStored(L"0.20");
-    WaitFor("the missing value", [] { return StoredSetting(L"HIS_BINNING") == L"OFF"; });
+    WaitForSize(program, L"      20%", L"0.20");
+    CHECK(StoredSetting(L"HIS_BINNING") == L"OFF");
+    CHECK(StoredSetting(L"PATH_SAVE") == PicturesFolder() + L"\\");
     CHECK(StoredSetting(L"BDR_COLOR") == L"RED");
     program.Exit();
 }
@@ -161,13 +162,12 @@ TEST_CASE("Enter stores a typed percentage with three decimals and shows it like
         CAPTURE(std::wstring(entry.text));
         TypeSize(program, entry.text);
         PressKey(VK_RETURN);
-        WaitForStored(entry.ratio);
-        WaitForSizeText(program, entry.shown);
+        WaitForSize(program, entry.shown, entry.ratio);
         CHECK(program.Item(kSizeBox).Send(CB_GETCURSEL) == CB_ERR);
     }
     TypeSize(program, L"300");
     PressKey(VK_RETURN);
-    WaitForStored(L"3.000");
+    WaitForSize(program, L"     300%", L"3.000");
     const RECT client = program.Open(ScratchFile(L"small.bmp", BmpBytes(Chart(60, 40), 24))).Client();
     CHECK(client.right - client.left == 180);
     program.Exit();
@@ -194,8 +194,7 @@ TEST_CASE("a percentage beyond its range is refused with its limits, and the las
     Program program;
     TypeSize(program, L"75");
     PressKey(VK_RETURN);
-    WaitForStored(L"0.750");
-    WaitForSizeText(program, L"      75%");
+    WaitForSize(program, L"      75%", L"0.750");
     // Letters that count as digits by their low byte have no value.
     for (const Typed& entry : {Typed{L"0", L"0"},
                                {L"0.4", L"0"},
@@ -222,8 +221,7 @@ TEST_CASE("Enter applies the size wherever the keyboard is, the blank key presse
     WaitForKeyboard(program.Item(kEdit));
     CHECK(StoredSetting(L"IMG_SIZE") == L"1.00");
     PressKey(VK_RETURN);
-    WaitForStored(L"0.800");
-    WaitForSizeText(program, L"      80%");
+    WaitForSize(program, L"      80%", L"0.800");
     CHECK(program.Item(kEdit).Text() == L"EDIT");
     PressKey(VK_SPACE);
     WaitFor("path edit mode", [&] { return program.Item(kEdit).Text() == L"ENTER"; });

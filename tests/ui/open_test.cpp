@@ -31,19 +31,25 @@ TEST_CASE("File > Open opens the chosen file and keeps its folder for the next t
     const Window viewer = program.WaitForViewer(1);
     CHECK(viewer.Text() == L"[1 ]  (100%) File Name : menu.bmp");
     CHECK(program.Item(kPathBox).Text() == ShownPath(file));
-    WaitFor("the stored folder", [&] { return StoredSetting(L"PATH_OPEN") == file.parent_path().wstring(); });
+    CHECK(StoredSetting(L"PATH_OPEN") == file.parent_path().wstring());
     for (const int id : {kBrowse, kReload, kEdit}) CHECK(program.Item(id).Enabled());
     program.Exit();
     CHECK(StoredSetting(L"PATH_OPEN") == file.parent_path().wstring());
 }
 
 TEST_CASE("the button with the three dots opens the chosen file") {
-    const std::filesystem::path file = MakePicture(L"by button.bmp");
+    const std::filesystem::path file = MakePicture(L"\x753B\x50CF 1\\by button.bmp");
     Program program;
     Click(program.Item(kBrowse));
     FileDialog(program.Running()).Accept(file.wstring());
     CHECK(program.WaitForViewer(1).Text() == L"[1 ]  (100%) File Name : by button.bmp");
-    WaitFor("the stored folder", [&] { return StoredSetting(L"PATH_OPEN") == ScratchFolder().wstring(); });
+    CHECK(StoredSetting(L"PATH_OPEN") == file.parent_path().wstring());
+    // The next time the dialog starts there: without a separator the folder's name is part of the file's.
+    WaitFor("the button", [&] { return program.Item(kBrowse).Enabled(); });
+    Click(program.Item(kBrowse));
+    const FileDialog again(program.Running());
+    CHECK(again.Name() == L"\x753B\x50CF 1*.*");
+    again.Cancel();
     program.Exit();
 }
 
@@ -78,6 +84,46 @@ TEST_CASE("a file that the open dialog chose and that is refused leaves the stor
     WaitFor("the buttons", [&] { return program.Item(kBrowse).Enabled(); });
     program.Exit();
     CHECK(StoredSetting(L"PATH_OPEN") == folder);
+}
+
+TEST_CASE("a refused file leaves the path box and RELOAD with the file before it") {
+    const std::filesystem::path good = MakePicture(L"good.bmp"),
+                                bad = ScratchFile(L"bad.bmp", "no image at all");
+    Program program;
+    program.Drop({bad});
+    CHECK(DismissErrorBox(program).line1 == L"File: bad.bmp");
+    CHECK(program.Item(kPathBox).Text() == L"");
+    program.Open(good);
+    program.Drop({bad});
+    CHECK(DismissErrorBox(program).line2 == L"This is an unsupported or invalid image file.");
+    CHECK(program.Item(kPathBox).Text() == ShownPath(good));
+    Click(program.Item(kReload));
+    CHECK(program.WaitForViewer(2).Text() == L"[2 ]  (100%) File Name : good.bmp");
+    // Its file is gone since: RELOAD says so, and the path stays.
+    std::filesystem::remove(good);
+    Click(program.Item(kReload));
+    CHECK(DismissErrorBox(program) ==
+          ErrorTexts{L"Pixora  : Error   ", L"File: good.bmp", L"Failed to Open Image File", L""});
+    CHECK(program.Item(kPathBox).Text() == ShownPath(good));
+    CHECK(program.Viewers().size() == 2);
+    program.Exit();
+}
+
+TEST_CASE("a box of a viewer disables that viewer alone") {
+    Program program;
+    const Window wide = program.Open(ScratchFile(L"wide.bmp", BmpBytes(Chart(2201, 10), 24)), 1);
+    constexpr int k1000 = 32796;
+    wide.Command(k1000);
+    const Window box = WaitForErrorBox(program);
+    CHECK_FALSE(wide.Enabled());
+    CHECK(program.Main().Enabled());
+    const Window second = program.Open(MakePicture(L"meanwhile.bmp"), 2);
+    program.WaitForTitle(L"Pixora  (N=2)");
+    program.Close(second);
+    program.WaitForTitle(L"Pixora  (N=1)");
+    PressOk(box);
+    WaitFor("the viewer", [&] { return wide.Enabled(); });
+    program.Exit();
 }
 
 TEST_CASE("of three dropped files only the first opens") {
