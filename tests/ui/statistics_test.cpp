@@ -1,6 +1,7 @@
 // The statistics view.
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <array>
 
 #include "tests/ui/support/image_files.h"
@@ -79,6 +80,10 @@ void WaitForSize(const Window& viewer, LONG width, LONG height) {
         const RECT client = viewer.Client();
         return client.right - client.left == width && client.bottom - client.top == height;
     });
+}
+
+bool HasColour(const Picture& picture, std::uint32_t colour) {
+    return std::find(picture.pixels.begin(), picture.pixels.end(), colour) != picture.pixels.end();
 }
 
 /// Moves the mouse to a point of a viewer and waits for the lines about it.
@@ -188,6 +193,10 @@ TEST_CASE("the buttons show which mode of the region is on") {
     wait(kCorner, L"CORNER", kDisabled, false);
     wait(kMove, L"MOVE", kDisabled, false);
     wait(kCoordinates, L"H-V ON", kDisabled, false);
+    for (const int button : {kCorner, kMove, kCoordinates}) {
+        CAPTURE(button);
+        CHECK(HasColour(program.See(view.Item(button)), 0x838383));  // its caption
+    }
 
     PressButton(view, kRegion);
     wait(kRegion, L"REGION OFF", kGreenFace);
@@ -217,7 +226,7 @@ TEST_CASE("the buttons show which mode of the region is on") {
     PressButton(view, kCoordinates);
     wait(kCoordinates, L"H-V OFF", kPlain);
     const Window again = WaitForTitled(program, L" [1 ]  Region Coordinates");
-    MoveTo(again, {800, 500});  // off the buttons
+    MoveTo(again, {800, 500});   // off the buttons
     PressButton(view, kCorner);  // closes the coordinates first
     wait(kCorner, L"CORNER", kModeOn);
     wait(kCoordinates, L"H-V ON", kPlain);
@@ -263,6 +272,16 @@ TEST_CASE("the statistics of a colour image follow the channel and the region") 
     WaitForStatistics(view, L"65535", L"0", L"10989.500", L"24393.720");
     PressButton(view, kChannel);
     WaitForButton(program, view, kChannel, L"R", 0xFBCFCF);
+    const Window profile = OpenView(program, viewer, kViewHProfile);
+    MoveTo(profile, {900, 100});  // off this view
+    constexpr int kProfileChannel = 1056;
+    WaitForText(profile, kProfileChannel, L"R");
+    PressButton(view, kChannel);
+    WaitForText(profile, kProfileChannel, L"G");
+    PressButton(profile, kProfileChannel);
+    WaitForButton(program, view, kChannel, L"B", 0x9BD0FB);
+    WaitForStatistics(view, L"65535", L"0", L"32767.500", L"32767.500");
+    CloseWindow(profile);
 
     PressButton(view, kCorner);
     WaitForButton(program, view, kCorner, L"CORNER", kModeOn);
@@ -275,7 +294,7 @@ TEST_CASE("the statistics of a colour image follow the channel and the region") 
     dialog.Item(kLeft).SetText(L"1");
     PressButton(dialog, kEnter);
     WaitForText(view, kRegionSize, L"Region = 1 x 2");
-    WaitForStatistics(view, L"2", L"2", L"2.000", L"0.000");
+    WaitForStatistics(view, L"0", L"0", L"0.000", L"0.000");
     WaitForButton(program, view, kCorner, L"CORNER", kPlain);  // new coordinates end the mode
 
     PressButton(view, kRegion);
