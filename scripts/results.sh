@@ -64,6 +64,26 @@ cases() {
     fi
 }
 
+# counted NAME SECONDS COMMAND...: a program whose last line is "N passed, M failed".
+counted() {
+    local name=$1 limit=$2 log status=0 bad
+    shift 2
+    log=$(log_of "$name")
+    timeout -k 10 "$limit" "$@" </dev/null >"$log" 2>&1 || status=$?
+    if [[ $(tail -n 1 "$log") =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
+        bad=${BASH_REMATCH[2]}
+        if [ "$bad" -eq 0 ] && { [ "$status" -ne 0 ] || [ "${BASH_REMATCH[1]}" -eq 0 ]; }; then bad=1; fi
+        if [ "$bad" -eq 0 ]; then
+            passed "$name: ${BASH_REMATCH[1]} checks" "${BASH_REMATCH[1]}"
+        else
+            PASSED=$((PASSED + BASH_REMATCH[1]))
+            failed "$name: $bad, exit status $status" "$log" "$bad"
+        fi
+    else
+        failed "$name: ended without a result, exit status $status" "$log"
+    fi
+}
+
 # summary: the closing line; succeeds when something ran and nothing failed.
 summary() {
     echo "$PASSED passed, $FAILED failed"
