@@ -24,6 +24,21 @@ INPUT MouseInput(DWORD flags, int data = 0) {
     return input;
 }
 
+/// A coordinate of the screen as the system takes it in input: the screen has 65,536 units.
+LONG InputUnits(LONG pixel, int screen_pixels) {
+    constexpr long long kUnits = 65'536;
+    return static_cast<LONG>((pixel * kUnits + screen_pixels - 1) / screen_pixels);
+}
+
+/// Mouse input that brings its place with it. A late report of an earlier place may put the cursor back there
+/// at any time, also between a move and the press that follows it.
+INPUT MouseInputAt(POINT screen, DWORD flags) {
+    INPUT input = MouseInput(flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    input.mi.dx = InputUnits(screen.x, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = InputUnits(screen.y, GetSystemMetrics(SM_CYSCREEN));
+    return input;
+}
+
 INPUT KeyInput(WORD key, WORD scan, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
@@ -61,12 +76,11 @@ bool AtLastClick(POINT screen) {
            std::abs(screen.y - last_click.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
 }
 
-/// A person who means two clicks lets some time pass.
+/// A person who means two clicks lets some time pass; a little more than needed, because clocks are coarse.
 void WaitOutDoubleClick(POINT screen) {
-    const long long end = last_click_ms + static_cast<long long>(GetDoubleClickTime());
+    constexpr long long kMore_ms = 50;
+    const long long end = last_click_ms + static_cast<long long>(GetDoubleClickTime()) + kMore_ms;
     if (AtLastClick(screen)) WaitFor("the double-click time to pass", [&] { return Now_ms() > end; });
-    last_click = screen;
-    last_click_ms = Now_ms();
 }
 
 /// The middle of a window, or beside it where the last click was there already.
@@ -95,8 +109,11 @@ void Release(Button button) {
 void ClickAt(POINT screen, Button button) {
     WaitOutDoubleClick(screen);
     MoveMouse(screen);
-    Press(button);
-    Release(button);
+    const ButtonFlags flags = FlagsOf(button);
+    SendAll({MouseInputAt(screen, flags.down), MouseInputAt(screen, flags.up)});
+    // Taken after the click: on a busy machine some time passes before it.
+    last_click = screen;
+    last_click_ms = Now_ms();
 }
 
 void Click(const Window& target, Button button) {
