@@ -1,0 +1,74 @@
+#include "tests/ui/support/profile_view.h"
+
+#include "tests/ui/support/wait.h"
+
+namespace pixora::ui {
+namespace {
+
+constexpr std::uint32_t kGrid = 0xC8C8C8;
+
+Picture Blank(const Window& plot, std::uint32_t tint) {
+    const RECT client = plot.Client();
+    Picture picture(client.right - client.left, client.bottom - client.top);
+    for (std::uint32_t& pixel : picture.pixels) pixel = tint;
+    return picture;
+}
+
+}  // namespace
+
+PlotPicture::PlotPicture(const Window& view, std::uint32_t tint, int positions, int unit)
+    : picture_(Blank(view.Item(kPlot), tint)), positions_(positions) {
+    const int width = picture_.width, height = picture_.height, last = positions - 1;
+    DrawFrame(picture_, {0, 0, width, height}, 0);
+    for (int level = 32; level < 256; level += 32) DrawAcross(picture_, Row(level), 1, width - 1, kGrid);
+    for (int k = 1; k * unit < last; ++k)
+        DrawDown(picture_, static_cast<int>(static_cast<double>(k) * (width - 3) * unit / last), 1,
+                 height - 1, kGrid);
+}
+
+PlotPicture& PlotPicture::Flat(int level, std::uint32_t pen) {
+    DrawAcross(picture_, Row(level), 1, Column(positions_ - 1) + 1, pen);
+    return *this;
+}
+
+PlotPicture& PlotPicture::LevelCursor(int level) {
+    DrawAcross(picture_, level * picture_.height / 256 < 2 ? picture_.height - 1 : Row(level), 0,
+               picture_.width, kLevelPen);
+    return *this;
+}
+
+POINT PlotPicture::Place(int index, int value) const {
+    return {Column(index), Row(value)};
+}
+
+int PlotPicture::Row(int level) const {
+    return picture_.height - 1 - level * picture_.height / 256;
+}
+
+int PlotPicture::Column(int index) const {
+    return static_cast<int>(index * (static_cast<double>(picture_.width - 3) / (positions_ - 1)) + 1.0);
+}
+
+void WaitForPlot(Program& program, const Window& view, const PlotPicture& expected) {
+    WaitToSee(program, view.Item(kPlot), expected.All());
+}
+
+void WaitForSamples(Program& program, const Window& view, const PlotPicture& empty,
+                    const std::vector<int>& samples, std::uint32_t pen) {
+    WaitFor("the samples in the plot", [&] {
+        const Picture shown = program.See(view.Item(kPlot));
+        for (std::size_t k = 0; k < samples.size(); ++k) {
+            const POINT place = empty.Place(static_cast<int>(k), samples[k]);
+            if (shown.At(place.x, place.y) != pen) return false;
+        }
+        return true;
+    });
+}
+
+void Push(const Window& view, int button) {
+    const Window control = view.Item(button);
+    WaitFor("the button to be enabled", [&] { return control.Enabled(); });
+    control.Post(BM_CLICK);
+}
+
+}  // namespace pixora::ui
