@@ -12,12 +12,12 @@ constexpr int kVerticalGridLines = 7;
 constexpr std::array<PlotColour, 3> kChannelColours = {kPlotBlue, kPlotGreen, kPlotRed};  // by place
 
 PlotColour BarColour(bool colour, std::size_t place) {
-    return colour ? kChannelColours[place] : kPlotBlack;
+    return colour ? kChannelColours[place] : kPlotDarkBlue;
 }
 
-/// One that stands out from the bars it crosses.
+/// One that stands out from the bars that the cursor crosses.
 PlotColour CursorColour(int channel) {
-    return channel == kBlue || channel == kGrey ? kPlotRed : kPlotDarkBlue;
+    return channel == kRed || channel == kAllChannels ? kPlotBlack : kPlotRed;
 }
 
 }  // namespace

@@ -57,13 +57,13 @@ TEST_CASE("the bars of a grey image are as high as their counts") {
     CHECK(painter.CountAxis() == Divisions{2, 5, 10});
     CHECK(plot.background == 0xFFFFFF);
     CHECK(plot.frame == 0x000000);
-    CHECK(BoxAt(plot, 1, 1) == 0x000000);
-    CHECK(BoxAt(plot, 1, 100) == 0x000000);
+    CHECK(BoxAt(plot, 1, 1) == 0xC80000);
+    CHECK(BoxAt(plot, 1, 100) == 0xC80000);
     CHECK(BoxAt(plot, 2, 100) == kNothing);
     CHECK(BoxAt(plot, 3, 50) == kNothing);
-    CHECK(BoxAt(plot, 3, 51) == 0x000000);
+    CHECK(BoxAt(plot, 3, 51) == 0xC80000);
     CHECK(BoxAt(plot, 4, 90) == kNothing);
-    CHECK(BoxAt(plot, 4, 91) == 0x000000);
+    CHECK(BoxAt(plot, 4, 91) == 0xC80000);
     CHECK(BoxAt(plot, 5, 100) == kNothing);
 }
 
@@ -78,7 +78,7 @@ TEST_CASE("nothing is drawn on or beyond the frame") {
             CHECK(box.top >= 1);
             CHECK(box.bottom <= 79);
         }
-        for (int x = 1; x < 199; ++x) CHECK(BoxAt(painter.Picture(), x, 40) == 0x000000);
+        for (int x = 1; x < 199; ++x) CHECK(BoxAt(painter.Picture(), x, 40) == 0xC80000);
     }
 }
 
@@ -90,7 +90,7 @@ TEST_CASE("where several bins share a column the highest one shows") {
     HistogramLook look = Look(12, 258);
     look.binning = false;
     painter.Draw(Grey(counts), look);
-    CHECK(BoxAt(painter.Picture(), 2, 1) == 0x000000);
+    CHECK(BoxAt(painter.Picture(), 2, 1) == 0xC80000);
     CHECK(BoxAt(painter.Picture(), 1, 100) == kNothing);
     CHECK(BoxAt(painter.Picture(), 3, 100) == kNothing);
 }
@@ -102,7 +102,7 @@ TEST_CASE("binning draws the sums over the same width") {
     counts[31] = 4;
     painter.Draw(Grey(counts), Look(12, 258));
     CHECK(painter.CountAxis() == Divisions{2, 5, 10});
-    CHECK(BoxAt(painter.Picture(), 2, 1) == 0x000000);
+    CHECK(BoxAt(painter.Picture(), 2, 1) == 0xC80000);
     CHECK(BoxAt(painter.Picture(), 3, 100) == kNothing);
 }
 
@@ -136,7 +136,7 @@ TEST_CASE("exactly ten million counts overflow their axis and are cut at the top
     HistogramPainter painter;
     painter.Draw(Grey(Bins({10'000'000})), Look());
     CHECK(painter.CountAxis() == Divisions{1, 38528, 38528});
-    CHECK(painter.Picture().boxes == std::vector{PlotBox{1, 1, 2, 101, 0x000000}});
+    CHECK(painter.Picture().boxes == std::vector{PlotBox{1, 1, 2, 101, 0xC80000}});
     std::vector<int> rows = HorizontalLines(painter.Picture());
     CHECK(rows.size() <= 100);
     CHECK(std::ranges::adjacent_find(rows) == rows.end());
@@ -206,9 +206,13 @@ TEST_CASE("the level cursor crosses the whole plot, and only while it shows") {
     REQUIRE(painter.Picture().cursors.size() == 1);
     CHECK(painter.Picture().cursors[0].from == PlotPoint{128, 0});
     CHECK(painter.Picture().cursors[0].to == PlotPoint{128, 101});
+    CHECK(painter.Picture().cursors[0].colour == 0x0000FF);
     look.cursor = 0;
     painter.Draw(Grey(Bins({10})), look);
     CHECK(painter.Picture().cursors[0].from.x == 1);
+    look.channel = 1;  // it would not show before red bars
+    painter.Draw(Grey(Bins({10})), look);
+    CHECK(painter.Picture().cursors[0].colour == 0x000000);
 }
 
 TEST_CASE("a plot without room draws nothing it cannot") {
