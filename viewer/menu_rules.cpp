@@ -3,7 +3,6 @@
 namespace pixora {
 
 bool IsOffered(const MenuCommand& command, const ViewerState& state) {
-    if (!command.implemented) return false;
     if (command.view) return !(state.edit.view_open.*command.view);
     return command.id != kSaveRegionCommand || state.region_on;
 }

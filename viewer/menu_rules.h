@@ -11,21 +11,19 @@ namespace pixora {
 /// A command of the context menu that is not always available.
 struct MenuCommand {
     int id;
-    bool implemented;  ///< the viewer does something when it is chosen
-    bool ViewFlags::*view =
-        nullptr;  ///< the view that it opens, of each set of flags; null for other commands
+    bool ViewFlags::*view = nullptr;  ///< the flags of the view that it opens, if it opens one
 };
 
 inline constexpr int kSaveRegionCommand = 32810;
 
 /// In the order of the menu; all other commands are never greyed.
 inline constexpr std::array kMenuCommands = {
-    MenuCommand{32923, true, &ViewFlags::statistics},  // Statistics
-    MenuCommand{32917, true, &ViewFlags::h_profile},   // H-Profile
-    MenuCommand{32918, true, &ViewFlags::v_profile},   // V-Profie
-    MenuCommand{32919, false, &ViewFlags::histogram},  // Histogram
-    MenuCommand{32921, true, &ViewFlags::image_info},  // Image Info.
-    MenuCommand{kSaveRegionCommand, true},
+    MenuCommand{32923, &ViewFlags::statistics},  // Statistics
+    MenuCommand{32917, &ViewFlags::h_profile},   // H-Profile
+    MenuCommand{32918, &ViewFlags::v_profile},   // V-Profie
+    MenuCommand{32919, &ViewFlags::histogram},   // Histogram
+    MenuCommand{32921, &ViewFlags::image_info},  // Image Info.
+    MenuCommand{kSaveRegionCommand},
 };
 /// The views are the first of them.
 inline constexpr std::size_t kViews = 5;

@@ -1,6 +1,8 @@
 // Editing the region and the profile lines with the mouse.
 #include <doctest/doctest.h>
 
+#include <functional>
+
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
@@ -88,7 +90,67 @@ struct Bench {
     }
 };
 
+/// Clicks while a key is held, and releases it when the effect shows. The mouse stays where it is as long as
+/// the key is down: the system may look at the real keyboard when it moves.
+void ClickHolding(WORD key, POINT point, const std::function<void()>& wait_for_effect) {
+    PointAt(point);
+    HoldKey(key);
+    WaitFor("the key to be down", [key] { return GetAsyncKeyState(key) < 0; });
+    Press(Button::left);
+    Release(Button::left);
+    wait_for_effect();
+    ReleaseKey(key);
+}
+
+Picture WithLines(Picture picture, int row, int column) {
+    DrawAcross(picture, row, 0, picture.width, kRedLine);
+    DrawDown(picture, column, 0, picture.height, kRedLine);
+    return picture;
+}
+
 }  // namespace
+
+TEST_CASE("clicks move the profile lines; Ctrl keeps the row, Shift the column, the region holds both") {
+    const Picture picture = Slope(200, 150);
+    Program program;
+    const Window viewer = program.Open(ScratchFile(L"slope.bmp", BmpBytes(picture, 24)));
+    const Window rows = OpenView(program, viewer, L"H-Profile");
+    const Window columns = OpenView(program, viewer, L"V-Profie");
+    const auto wait = [&](int row, int column) {
+        WaitToSee(program, viewer, WithLines(picture, row, column));
+        WaitForText(rows, kProfileLine, std::to_wstring(row));
+        WaitForText(columns, kProfileLine, std::to_wstring(column));
+    };
+    wait(74, 99);
+    ClickImage(viewer, 10, 9);
+    wait(10, 10);
+    ClickHolding(VK_CONTROL, viewer.ClientPoint(50, 60), [&] { wait(10, 50); });
+    ClickHolding(VK_SHIFT, viewer.ClientPoint(70, 79), [&] { wait(80, 50); });
+    const Window statistics = OpenView(program, viewer, kViewStatistics);
+    Raise(statistics);
+    PressButton(statistics, kStatRegion, L"REGION OFF");
+    const Window coordinates = OpenCoordinates(program, statistics);
+    EnterEdges(coordinates, {100, 90, 150, 120});
+    WaitForText(statistics, kStatRegionSize, L"Region = 51 x 31");
+    coordinates.Post(WM_CLOSE);
+    WaitFor("the dialog to close", [&] { return !coordinates.Exists(); });
+    ClickImage(viewer, 20, 140);
+    WaitForText(rows, kProfileLine, L"120");
+    WaitForText(columns, kProfileLine, L"100");
+    program.Exit();
+}
+
+TEST_CASE("a short right press while the region is edited picks a corner and opens no menu") {
+    Bench bench;
+    PressButton(bench.statistics, kStatCorner, L"CORNER");
+    bench.Pick(180, 130, {0, 0, 199, 149}, Mark::bottom_right);
+    bench.Settle(60, 60);
+    for (const Window& window : bench.program.Running().Windows()) CHECK(window.Class() != L"#32768");
+    PressButton(bench.statistics, kStatCorner, L"CORNER");  // switched off, the menu is back
+    WaitToSee(bench.program, bench.viewer, bench.picture);
+    OpenContextMenu(bench.program, bench.viewer, 30, 100).Dismiss();
+    bench.program.Exit();
+}
 
 TEST_CASE("corner clicks reshape the region, and the mark shows the corner that they move") {
     Bench bench;

@@ -1,11 +1,15 @@
 // A viewer's window: when it shows, how large it can be, and how it ends.
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "tests/ui/support/boxes.h"
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
 #include "tests/ui/support/texts.h"
+#include "tests/ui/support/viewer_hands.h"
 #include "tests/ui/support/wait.h"
 
 using namespace pixora::ui;
@@ -114,5 +118,68 @@ TEST_CASE("a copy that cannot be deleted is reported, the others are deleted and
         program.WaitForTitle(L"Pixora");
         CHECK(program.Open(Sample(L"bmp24-grey.bmp"), 2).Exists());  // the first place is still taken
     }
+    program.Exit();
+}
+
+TEST_CASE("each view opens once, beside its viewer, and again after it was closed") {
+    Program program;
+    const Window viewer = program.Open(ChartFile(120, 90));
+    std::vector<Window> views;
+    for (const wchar_t* item : {L"Statistics", L"H-Profile", L"V-Profie", L"Histogram", L"Image Info."}) {
+        views.push_back(OpenView(program, viewer, item));
+        const RECT frame = views.back().Frame();
+        CHECK(frame.left >= viewer.Frame().right);
+        CHECK(frame.top >= 0);
+        CHECK(frame.right <= 1920);
+        CHECK(frame.bottom <= 1080);
+        for (std::size_t other = 0; other + 1 < views.size(); ++other)
+            CHECK_FALSE((views[other].Frame().left == frame.left && views[other].Frame().top == frame.top));
+        OpenMenu menu = OpenContextMenu(program, viewer);
+        CHECK(menu.Greyed(item));
+        menu.Dismiss();
+    }
+    viewer.Command(kViewHistogram);  // as a script might
+    views.front().Post(WM_CLOSE);
+    WaitFor("the view to close", [&] { return !views.front().Exists(); });
+    OpenMenu menu = OpenContextMenu(program, viewer);
+    CHECK_FALSE(menu.Greyed(L"Statistics"));
+    CHECK(menu.Greyed(L"Histogram"));
+    menu.Dismiss();
+    CHECK(program.Running().Windows().size() == 6);  // the main window, the viewer and four views
+    CHECK(OpenView(program, viewer, L"Statistics").Visible());
+    program.Exit();
+}
+
+TEST_CASE("a viewer that closes takes its own views along") {
+    Program program;
+    const Window first = program.Open(ChartFile(120, 90), 1), second = program.Open(ChartFile(120, 90), 2);
+    std::vector<Window> views;
+    for (const int command : {kViewStatistics, kViewHProfile, kViewVProfile, kViewHistogram, kViewImageInfo})
+        views.push_back(OpenView(program, first, command));
+    const Window other = OpenView(program, second, kViewHistogram);
+    first.Post(WM_CLOSE);
+    WaitFor("the viewer and its views to close", [&] {
+        return !first.Exists() &&
+               std::none_of(views.begin(), views.end(), [](const Window& view) { return view.Exists(); });
+    });
+    CHECK(other.Visible());
+    CHECK(program.Open(ChartFile(120, 90), 1).Visible());
+    program.Exit();
+}
+
+TEST_CASE("a viewer waits with its end for the box of a view") {
+    Program program;
+    const Window viewer = program.Open(ChartFile(120, 90));
+    const Window histogram = OpenView(program, viewer, kViewHistogram);
+    histogram.Item(kHistLevel).SetText(L"256");
+    histogram.Command(kHistEnter);
+    const Window box = WaitForRangeBox(program);
+    viewer.Post(WM_CLOSE);
+    (void)viewer.Send(WM_NULL);
+    CHECK(viewer.Visible());
+    CHECK(histogram.Visible());
+    PressOk(box);
+    WaitFor("the viewer and its view to close", [&] { return !viewer.Exists() && !histogram.Exists(); });
+    CHECK(TemporaryCopies().empty());
     program.Exit();
 }

@@ -6,14 +6,15 @@
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
 #include "tests/ui/support/texts.h"
+#include "tests/ui/support/viewer_hands.h"
 #include "tests/ui/support/wait.h"
 
 using namespace pixora::ui;
 
 namespace {
 
-constexpr int kByValue = 32805, kFit = 32812, k50 = 32786, k100 = 32791, k200 = 32793, k1000 = 32796,
-              kDefined = 32802, kSaveDefault = 32801;
+constexpr int kByValue = 32805, kFit = 32812, k50 = 32786, k100 = 32791, k200 = 32793, k500 = 32795,
+              k1000 = 32796, kDefined = 32802, kSaveDefault = 32801;
 constexpr int kValueEdit = 1002, kValueOk = 1003;
 
 std::filesystem::path ChartFile(int width, int height) {
@@ -92,16 +93,79 @@ Window OpenInTheMiddle(Program& program, const std::filesystem::path& file) {
     return viewer;
 }
 
+/// The profile lines and the region of a viewer at a whole ratio.
+Picture WithOverlays(const Picture& picture, int zoom, const Edges& region, bool framed) {
+    constexpr int kRow = 11, kColumn = 15;
+    constexpr std::uint32_t kRedLine = Rgb(200, 0, 0), kGreenFrame = Rgb(53, 158, 66),
+                            kGreenTint = Rgb(153, 255, 255);
+    Picture shown = Enlarged(picture, zoom);
+    DrawAcross(shown, kRow * zoom + zoom / 2, 0, shown.width, kRedLine);
+    DrawDown(shown, kColumn * zoom + zoom / 2, 0, shown.height, kRedLine);
+    const RECT rectangle{region.left * zoom, region.top * zoom, (region.right + 1) * zoom,
+                         (region.bottom + 1) * zoom};
+    if (framed)
+        DrawFrame(shown, rectangle, kGreenFrame);
+    else
+        TintOutside(shown, rectangle, kGreenTint);
+    return shown;
+}
+
+/// The mark on the region's top left corner.
+Picture WithMark(Picture shown, int zoom, const Edges& region) {
+    constexpr std::uint32_t kWhiteMark = Rgb(250, 250, 250);
+    const int x = region.left * zoom, y = region.top * zoom, arm = 20 * zoom;
+    DrawAcross(shown, y, x, x + arm, kWhiteMark);
+    DrawDown(shown, x, y, y + arm, kWhiteMark);
+    return shown;
+}
+
+/// Shows lines, region and mark of a viewer at several sizes.
+void CheckOverlays(const wchar_t* style) {
+    const Picture picture = Chart(40, 30);
+    const bool framed = style == std::wstring(L"LINE");
+    constexpr Edges kRegion{5, 4, 24, 19};
+    Program program({.settings = {{L"BDR_TYPE", style}, {L"IMG_SIZE", L"2.00"}}});
+    const Window viewer = program.Open(ScratchFile(L"chart.bmp", BmpBytes(picture, 24)));
+    const Window row = OpenView(program, viewer, kViewHProfile);
+    const Window column = OpenView(program, viewer, kViewVProfile);
+    ClickImage(viewer, 30, 21);
+    WaitForText(row, kProfileLine, L"11");
+    WaitForText(column, kProfileLine, L"15");
+    const Window statistics = OpenView(program, viewer, kViewStatistics);
+    Raise(statistics);
+    PressButton(statistics, kStatRegion, L"REGION OFF");
+    EnterEdges(OpenCoordinates(program, statistics), kRegion);
+    WaitForText(statistics, kStatRegionSize, L"Region = 20 x 16");
+    for (const auto& [command, zoom] : {std::pair{k100, 1}, {k200, 2}, {k500, 5}}) {
+        viewer.Command(command);
+        WaitToSee(program, viewer, WithOverlays(picture, zoom, kRegion, framed));
+    }
+    statistics.Command(kStatCorner);
+    ClickImage(viewer, 28, 24, Button::right);
+    WaitToSee(program, viewer, WithMark(WithOverlays(picture, 5, kRegion, framed), 5, kRegion));
+    viewer.Command(k200);
+    WaitToSee(program, viewer, WithMark(WithOverlays(picture, 2, kRegion, framed), 2, kRegion));
+    program.Exit();
+}
+
 }  // namespace
+
+TEST_CASE("lines, frame and mark follow the display size") {
+    CheckOverlays(L"LINE");
+}
+
+TEST_CASE("the tint around the region follows the display size") {
+    CheckOverlays(L"AREA");
+}
 
 TEST_CASE("the context menu holds the views, the display sizes and the rest") {
     Program program;
     const Window viewer = program.Open(ChartFile(120, 90));
     OpenMenu menu = RightClick(program, viewer, 60, 40);
     for (const wchar_t* text :
-         {L"Statistics", L"H-Profile", L"V-Profie", L"Histogram", L"Image Info.", L"Save Region Image"})
-        CHECK(menu.Greyed(text));
-    CHECK_FALSE(menu.Greyed(L"Close"));
+         {L"Statistics", L"H-Profile", L"V-Profie", L"Histogram", L"Image Info.", L"Close"})
+        CHECK_FALSE(menu.Greyed(text));
+    CHECK(menu.Greyed(L"Save Region Image"));
     OpenMenu sizes = menu.Open(L"Display Size");
     for (const wchar_t* text : {L"Set Display Size by Value", L"Fit to Monitor", L"   5%", L" 100%",
                                 L"1000% ", L"Defined Size", L"Save as Default Size"})

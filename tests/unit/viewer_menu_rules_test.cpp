@@ -14,7 +14,7 @@ TEST_CASE("the views and the saving of a region can be greyed, nothing else") {
 
 TEST_CASE("a view can be opened while it is not open") {
     ViewerState state;
-    const MenuCommand histogram{32919, true, &ViewFlags::histogram};
+    const MenuCommand histogram{32919, &ViewFlags::histogram};
     CHECK(IsOffered(histogram, state));
     state.edit.view_open.h_profile = true;
     CHECK(IsOffered(histogram, state));
@@ -36,7 +36,7 @@ TEST_CASE("each view's command has the flag of its view, the others have none") 
 
 TEST_CASE("a region can be saved only while one shows") {
     ViewerState state;
-    CHECK_FALSE(IsOffered({32810, true}, state));
+    CHECK_FALSE(IsOffered({32810}, state));
     state.region_on = true;
-    CHECK(IsOffered({32810, true}, state));
+    CHECK(IsOffered({32810}, state));
 }

@@ -19,6 +19,10 @@ inline constexpr int kStatRegion = 1056, kStatCorner = 1057, kStatMove = 1058, k
 /// Controls of the dialog "Region Coordinates".
 inline constexpr int kCoordLeft = 1173, kCoordTop = 1175, kCoordRight = 1176, kCoordBottom = 1177,
                      kCoordEdit = 1056, kCoordEnter = 1174;
+/// The box "Line Number =" of a profile view.
+inline constexpr int kProfileLine = 1277;
+/// The box "Level =" of a histogram view, and the button that takes it.
+inline constexpr int kHistLevel = 1179, kHistEnter = 1180;
 /// Commands of a viewer's context menu.
 inline constexpr int kViewStatistics = 32923, kViewHProfile = 32917, kViewVProfile = 32918,
                      kViewHistogram = 32919, kViewImageInfo = 32921, kViewSaveRegion = 32810;
