@@ -5,8 +5,11 @@
 
 #include <commctrl.h>
 #include <shlobj.h>
+#include <winternl.h>
 
 #include <cstring>
+#include <cwchar>
+#include <initializer_list>
 
 #include "tests/ui/support/probe_block.h"
 
@@ -98,6 +101,58 @@ void ListTooltips(ProbeBlock& block, HWND window) {
     }
 }
 
+bool ReadFont(ProbeBlock& block, HWND control) {
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+    return font && GetObjectW(font, sizeof(LOGFONTW), block.data) != 0;
+}
+
+/// Used entries of the table of GDI handles, which the process environment block points at.
+std::int32_t CountGdiHandles() {
+    constexpr std::size_t kTableInBlock = 0xF8, kEntries = 65'536, kEntryBytes = 24, kTypeInEntry = 14;
+    PROCESS_BASIC_INFORMATION facts{};
+    if (NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &facts, sizeof facts,
+                                  nullptr))
+        return 0;
+    const auto* block = reinterpret_cast<const unsigned char*>(facts.PebBaseAddress);
+    const auto* table = *reinterpret_cast<const unsigned char* const*>(block + kTableInBlock);
+    std::int32_t count = 0;
+    for (std::size_t i = 0; table && i < kEntries; ++i)
+        if (table[i * kEntryBytes + kTypeInEntry] != 0) ++count;
+    return count;
+}
+
+BOOL CALLBACK CountChild(HWND, LPARAM count) {
+    ++*reinterpret_cast<std::int32_t*>(count);
+    return TRUE;
+}
+
+BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process != GetCurrentProcessId()) return TRUE;
+    EnumChildWindows(window, &CountChild, count);
+    return CountChild(window, count);
+}
+
+/// All windows of the process with their controls, and its menus.
+std::int32_t CountWindowsAndMenus() {
+    std::int32_t count = 0;
+    EnumWindows(&CountWindow, reinterpret_cast<LPARAM>(&count));
+    for (HWND window = nullptr; (window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr));)
+        CountWindow(window, reinterpret_cast<LPARAM>(&count));
+    for (std::uintptr_t handle = 0x20; handle < 0xFFF0; handle += 2)
+        if (IsMenu(reinterpret_cast<HMENU>(handle))) ++count;
+    return count;
+}
+
+void CountHandles(ProbeBlock& block) {
+    // A system that counts them itself knows best; where it does not, its answer is 0.
+    const auto gdi = static_cast<std::int32_t>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
+    const auto user = static_cast<std::int32_t>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
+    *reinterpret_cast<HandleCounts*>(block.data) = {gdi ? gdi : CountGdiHandles(),
+                                                    user ? user : CountWindowsAndMenus()};
+}
+
 bool Serve(ProbeBlock& block) {
     HWND window = reinterpret_cast<HWND>(block.window);
     block.count = 0;
@@ -117,6 +172,11 @@ bool Serve(ProbeBlock& block) {
         case ProbeTask::tooltips:
             ListTooltips(block, window);
             return true;
+        case ProbeTask::font:
+            return ReadFont(block, window);
+        case ProbeTask::handles:
+            CountHandles(block);
+            return true;
     }
     return false;
 }
@@ -125,6 +185,23 @@ HANDLE OpenShared(const wchar_t* name_format, HANDLE (*open)(const wchar_t*)) {
     wchar_t name[64];
     wsprintfW(name, name_format, GetCurrentProcessId());
     return open(name);
+}
+
+ProbeBlock* shared_block = nullptr;
+
+/// Tells the tests that the program stops here, and waits until it may go on.
+void Pause() {
+    constexpr auto open_event = [](const wchar_t* name) {
+        return OpenEventW(SYNCHRONIZE | EVENT_MODIFY_STATE, FALSE, name);
+    };
+    HANDLE paused = OpenShared(kProbePausedName, open_event),
+           resume = OpenShared(kProbeResumeName, open_event);
+    if (paused && resume) {
+        SetEvent(paused);
+        WaitForSingleObject(resume, kProbePause_ms);
+    }
+    for (HANDLE event : {paused, resume})
+        if (event) CloseHandle(event);
 }
 
 /// Serves tasks until the program ends. Only one thread ever lives here: starting one for each task would
@@ -136,6 +213,7 @@ DWORD WINAPI ServeTasks(void* shared) {
     HANDLE task = OpenShared(kProbeTaskName, open_event), done = OpenShared(kProbeDoneName, open_event);
     auto* block = static_cast<ProbeBlock*>(MapViewOfFile(shared, FILE_MAP_ALL_ACCESS, 0, 0, 0));
     if (!task || !done || !block) return 1;
+    shared_block = block;
     while (WaitForSingleObject(task, INFINITE) == WAIT_OBJECT_0) {
         if (!Serve(*block)) block->count = -1;
         SetEvent(done);
@@ -159,6 +237,16 @@ void StartServing(HINSTANCE self) {
 }  // namespace pixora::ui
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK PixoraUiProbeHook(int code, WPARAM w, LPARAM l) {
+    return CallNextHookEx(nullptr, code, w, l);
+}
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK PixoraUiProbePauseHook(int code, WPARAM w, LPARAM l) {
+    const pixora::ui::ProbeBlock* block = pixora::ui::shared_block;
+    wchar_t caption[64] = L"";
+    if (code == HCBT_DESTROYWND && block && block->pause_caption[0] &&
+        GetWindowTextW(reinterpret_cast<HWND>(w), caption, 64) &&
+        std::wcscmp(caption, block->pause_caption) == 0)
+        pixora::ui::Pause();
     return CallNextHookEx(nullptr, code, w, l);
 }
 

@@ -10,14 +10,13 @@ constexpr int kLine1 = 1053, kLine2 = 1051, kLine3 = 1052, kSymbol = 1022;
 constexpr int kRangeTop = 1308, kRangeMiddle = 1310, kRangeBottom = 1309;
 constexpr int kQuestionLine = 1079, kQuestionCancel = 1314;
 
-/// Centred on the screen, 30 pixels above its middle.
+}  // namespace
+
 void CheckCentred(const Window& box) {
     const RECT frame = box.Frame();
     CHECK(frame.left == GetSystemMetrics(SM_CXSCREEN) / 2 - (frame.right - frame.left) / 2);
     CHECK(frame.top == GetSystemMetrics(SM_CYSCREEN) / 2 - (frame.bottom - frame.top) / 2 - 30);
 }
-
-}  // namespace
 
 Window WaitForErrorBox(const Program& program) {
     return program.Running().WaitForWindow("an error box", [](const Window& window) {

@@ -15,6 +15,9 @@ struct ErrorTexts {
     friend bool operator==(const ErrorTexts&, const ErrorTexts&) = default;
 };
 
+/// Checks that a box is centred on the screen, 30 pixels above its middle.
+void CheckCentred(const Window& box);
+
 /// Waits for the error box with the error symbol.
 [[nodiscard]] Window WaitForErrorBox(const Program& program);
 [[nodiscard]] ErrorTexts ReadErrorBox(const Window& box);

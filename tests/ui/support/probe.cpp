@@ -1,6 +1,7 @@
 #include "tests/ui/support/probe.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/texts.h"
@@ -22,8 +23,8 @@ HMODULE OwnCopy() {
     return copy;
 }
 
-HOOKPROC HookProcedure() {
-    const FARPROC procedure = OwnCopy() ? GetProcAddress(OwnCopy(), kProbeHook) : nullptr;
+HOOKPROC HookProcedure(const char* name) {
+    const FARPROC procedure = OwnCopy() ? GetProcAddress(OwnCopy(), name) : nullptr;
     if (!procedure) throw UiError("the probe could not be loaded: " + Narrow(ProbePath().wstring()));
     return reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(procedure));
 }
@@ -50,7 +51,7 @@ Probe::~Probe() {
 void Probe::Load(const Window& window) {
     WatchStep("loading the probe");
     const DWORD thread = GetWindowThreadProcessId(window.Handle(), nullptr);
-    HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, HookProcedure(), OwnCopy(), thread);
+    HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, HookProcedure(kProbeHook), OwnCopy(), thread);
     if (!hook) throw UiError("the program does not take the probe");
     window.Post(WM_NULL);  // the next message that the program takes loads the DLL
     try {
@@ -115,6 +116,43 @@ std::vector<std::wstring> Probe::Tooltips(const Window& window) {
     Run(ProbeTask::tooltips);
     const auto* texts = reinterpret_cast<const wchar_t(*)[256]>(block_->data);
     return std::vector<std::wstring>(texts, texts + block_->count);
+}
+
+LOGFONTW Probe::Font(const Window& control) {
+    block_->window = reinterpret_cast<std::uint64_t>(control.Handle());
+    Run(ProbeTask::font);
+    return *reinterpret_cast<const LOGFONTW*>(block_->data);
+}
+
+HandleCounts Probe::Handles() {
+    Run(ProbeTask::handles);
+    return *reinterpret_cast<const HandleCounts*>(block_->data);
+}
+
+PauseBeforeEnd::PauseBeforeEnd(Probe& probe, const Window& main, std::wstring_view caption) : probe_(probe) {
+    const DWORD id = main.ProcessId();
+    paused_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbePausedName, id).c_str());
+    resume_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbeResumeName, id).c_str());
+    caption.copy(probe_.block_->pause_caption, std::size(probe_.block_->pause_caption) - 1);
+    hook_ = SetWindowsHookExW(WH_CBT, HookProcedure(kProbePauseHook), OwnCopy(),
+                              GetWindowThreadProcessId(main.Handle(), nullptr));
+    if (!paused_ || !resume_ || !hook_) throw UiError("the program cannot be stopped at a window's end");
+}
+
+PauseBeforeEnd::~PauseBeforeEnd() {
+    std::memset(probe_.block_->pause_caption, 0, sizeof probe_.block_->pause_caption);
+    GoOn();
+    UnhookWindowsHookEx(hook_);
+    CloseHandle(paused_);
+    CloseHandle(resume_);
+}
+
+bool PauseBeforeEnd::Reached() const {
+    return WaitForSingleObject(paused_, 0) == WAIT_OBJECT_0;
+}
+
+void PauseBeforeEnd::GoOn() const {
+    SetEvent(resume_);
 }
 
 }  // namespace pixora::ui

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/ui/support/picture.h"
@@ -31,14 +32,39 @@ public:
     [[nodiscard]] Picture Capture(const Window& window);
     /// The texts of all tooltips of a tooltip window.
     [[nodiscard]] std::vector<std::wstring> Tooltips(const Window& window);
+    /// The font of a control.
+    [[nodiscard]] LOGFONTW Font(const Window& control);
+    /// The handles that the process holds now.
+    [[nodiscard]] HandleCounts Handles();
 
 private:
+    friend class PauseBeforeEnd;
+
     void Load(const Window& window);
     void Run(ProbeTask task);
     [[nodiscard]] std::vector<ProbeMenuItem> ReadItems() const;
 
     HANDLE mapping_ = nullptr, task_ = nullptr, done_ = nullptr;
     ProbeBlock* block_ = nullptr;
+};
+
+/// Stops the program each time when it is about to take a window with this caption away, until GoOn(). A
+/// stopped program answers no message: such a window can be looked at, not asked.
+class PauseBeforeEnd {
+public:
+    PauseBeforeEnd(Probe& probe, const Window& main, std::wstring_view caption);
+    ~PauseBeforeEnd();
+    PauseBeforeEnd(const PauseBeforeEnd&) = delete;
+    PauseBeforeEnd& operator=(const PauseBeforeEnd&) = delete;
+
+    /// Whether the program has stopped; told once for each time.
+    [[nodiscard]] bool Reached() const;
+    void GoOn() const;
+
+private:
+    Probe& probe_;
+    HANDLE paused_, resume_;
+    HHOOK hook_;
 };
 
 }  // namespace pixora::ui

@@ -13,6 +13,14 @@ enum class ProbeTask : std::uint32_t {
     drop,  ///< drops the files named in `data` (each with a final zero, one more zero at the end) on `window`
     capture,   ///< copies the rectangle x, y, width, height of the client area of `window` into `data`
     tooltips,  ///< lists the texts of all tooltips of the tooltip window `window`
+    font,      ///< copies the LOGFONTW of the font of control `window` into `data`
+    handles,   ///< counts the handles of the process into `data`, a HandleCounts
+};
+
+/// How many handles the process holds. The system may not tell more than windows and menus of the latter.
+struct HandleCounts {
+    std::int32_t gdi, user;
+    friend bool operator==(const HandleCounts&, const HandleCounts&) = default;
 };
 
 /// An item of a menu. The items of a sub-menu follow their parent, one deeper.
@@ -28,15 +36,23 @@ struct ProbeBlock {
     std::uint64_t window, menu;
     std::int32_t x, y, width, height;
     std::int32_t count;  ///< items found; -1 when the task could not be done
+    /// The program stops before a window with this caption is taken away; empty: it does not.
+    wchar_t pause_caption[64];
     alignas(16) unsigned char data[24u << 20];
 };
 
-// Names of what both sides share, with the program's process id: the block, and two events that say "a task
-// stands in the block" and "it is done".
+// Names of what both sides share, with the program's process id: the block, two events that say "a task
+// stands in the block" and "it is done", and two that say "the program has stopped" and "it may go on".
 inline constexpr wchar_t kProbeBlockName[] = L"Local\\pixora-ui-probe-block-%lu";
 inline constexpr wchar_t kProbeTaskName[] = L"Local\\pixora-ui-probe-task-%lu";
 inline constexpr wchar_t kProbeDoneName[] = L"Local\\pixora-ui-probe-done-%lu";
-/// The DLL's hook procedure. The system loads the DLL into the program to call it.
+inline constexpr wchar_t kProbePausedName[] = L"Local\\pixora-ui-probe-paused-%lu";
+inline constexpr wchar_t kProbeResumeName[] = L"Local\\pixora-ui-probe-resume-%lu";
+/// The DLL's hook procedures: the system loads the DLL into the program to call the first one; the second one
+/// is told of every window that is taken away, and stops the program there.
 inline constexpr char kProbeHook[] = "PixoraUiProbeHook";
+inline constexpr char kProbePauseHook[] = "PixoraUiProbePauseHook";
+/// How long the program stops at most.
+inline constexpr DWORD kProbePause_ms = 30'000;
 
 }  // namespace pixora::ui

@@ -1,6 +1,7 @@
 #include "tests/ui/support/process.h"
 
 #include <sstream>
+#include <utility>
 
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/input.h"
@@ -13,13 +14,15 @@ std::wstring QuotedProgram() {
     return L'"' + ProgramPath().wstring() + L'"';
 }
 
-Process::Process(std::wstring command_line) {
+Process::Process(std::wstring command_line) : Process(ProgramPath(), std::move(command_line)) {}
+
+Process::Process(const std::filesystem::path& program, std::wstring command_line) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION started{};
     WatchStep("starting the program");
-    if (!CreateProcessW(ProgramPath().c_str(), command_line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        nullptr, &start, &started))
+    if (!CreateProcessW(program.c_str(), command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &start, &started))
         throw UiError("could not start " + Narrow(command_line));
     CloseHandle(started.hThread);
     process_ = started.hProcess;

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,6 +20,8 @@ class Process {
 public:
     /// @param command_line  the whole of it, program path included.
     explicit Process(std::wstring command_line);
+    /// Starts another program in its place.
+    Process(const std::filesystem::path& program, std::wstring command_line);
     ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;

@@ -1,0 +1,45 @@
+// Shows one of the program's message windows with any texts: the tests operate here what the program itself
+// shows with other texts, or never.
+//
+//   pixora_ui_dialogs.exe KIND TEXT...
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+#include <vector>
+
+#include "dialogs/windows/messages.h"
+
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+/// Exit code 1 for an accepted question.
+int Show(const std::wstring& kind, const Texts& texts) {
+    const auto message = [&] { return pixora::Message{texts.at(0), texts.at(1), texts.at(2), texts.at(3)}; };
+    if (kind == L"error") pixora::ShowErrorBox(nullptr, message());
+    if (kind == L"information") pixora::ShowInformation(nullptr, message());
+    if (kind == L"question") return pixora::AskYesCancel(nullptr, message()) ? 1 : 0;
+    if (kind == L"notice") pixora::ShowOneshotMessage(nullptr, texts.at(0));
+    if (kind == L"range") {
+        pixora::InputError input{.ErrorKind = std::stoi(texts.at(0)),
+                                 .CheckMode = std::stoi(texts.at(1)),
+                                 .InputText = texts.at(2),
+                                 .Limit1 = std::stoi(texts.at(3)),
+                                 .Limit2 = std::stoi(texts.at(4)),
+                                 .ItemName = texts.at(5)};
+        if (!pixora::CheckValue(input)) pixora::CPX_Error(input).RunModal(nullptr);
+    }
+    return 0;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    const INITCOMMONCONTROLSEX controls{sizeof controls, 0xFF};
+    InitCommonControlsEx(&controls);
+    if (count < 2) return 2;
+    return Show(arguments[1], Texts(arguments + 2, arguments + count));
+}
