@@ -54,7 +54,13 @@ void CDisplay::OpenView(std::size_t number) {
     std::unique_ptr<AnalysisView>& view = views_[number];
     if (view && !IsFree(*view)) return;  // its window is gone, its last handler still runs
     view = MakeView(kMenuCommands[number].id, ContextOfView(static_cast<int>(number)));
-    if (!view || !view->Open(Window())) view.reset();
+    // Measured before the view shows: it must neither show nor export anything that is not there yet.
+    bool& open = state_->edit.view_open.*kMenuCommands[number].view;
+    open = true;
+    measurements_.Follow(*state_, ClientPoint(CursorPosition()));
+    if (view && view->Open(Window())) return;
+    view.reset();
+    open = false;
 }
 
 bool CDisplay::IsFree(const Dialog& dialog) {
