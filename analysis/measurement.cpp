@@ -1,9 +1,10 @@
 #include "analysis/measurement.h"
 
 #include <algorithm>
-#include <cmath>
+#include <functional>
 
 #include "analysis/channel.h"
+#include "analysis/sample_sums.h"
 
 namespace pixora {
 namespace {
@@ -60,6 +61,15 @@ void CountGrey(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* ta
     if (pixels % 2 != 0) ++tables[pixel[0]];
 }
 
+/// One sample a pixel.
+void CountSingle(const std::uint16_t* sample, std::size_t samples, std::uint32_t* tables) {
+    for (const std::uint16_t* const end = sample + samples / 2 * 2; sample != end; sample += 2) {
+        ++tables[sample[0]];
+        ++tables[kTableStride + sample[1]];
+    }
+    if (samples % 2 != 0) ++tables[*sample];
+}
+
 /// Makes the histogram of one channel from its table.
 void TakeCounts(const std::uint32_t* table, std::vector<std::uint32_t>& counts) {
     std::copy_n(table, counts.size(), counts.begin());
@@ -86,49 +96,13 @@ void Count(const SampleImage& image, const Region& part, Measurement& result) {
         TakeCounts(tables + place * kTableStride, result.counts[place]);
 }
 
-/// Sums over a set of samples that no whole number of 64 bits is too short for: a region has less than 2^32
-/// pixels, a sample less than 2^16.
-struct Sums {
-    std::uint64_t count = 0, values = 0;
-    std::uint16_t min = 0xFFFF, max = 0;
-
-    void Add(const std::vector<std::uint32_t>& counts) {
-        for (std::size_t value = 0; value < counts.size(); ++value) {
-            if (counts[value] == 0) continue;
-            count += counts[value];
-            values += counts[value] * static_cast<std::uint64_t>(value);
-            min = std::min(min, static_cast<std::uint16_t>(value));
-            max = std::max(max, static_cast<std::uint16_t>(value));
-        }
-    }
-};
-
-/// The sum of the squared distances from `centre`; with a centre next to the mean it fits 64 bits, because
-/// the deviation is at most half of the range.
-std::uint64_t SquaredDistances(const std::vector<std::uint32_t>& counts, std::uint64_t centre) {
-    std::uint64_t sum = 0;
-    for (std::size_t value = 0; value < counts.size(); ++value) {
-        const std::uint64_t distance = value > centre ? value - centre : centre - value;
-        sum += distance * distance * counts[value];
-    }
-    return sum;
-}
-
-/// Statistics of several histograms as one set. All sums are whole numbers; only the last few operations
-/// round, so that nothing is lost on large images and every machine gives the same figures.
+/// Statistics of several histograms as one set.
 SampleStatistics StatisticsOf(std::span<const std::vector<std::uint32_t>> histograms) {
-    Sums sums;
-    for (const auto& counts : histograms) sums.Add(counts);
-    if (sums.count == 0) return {};
-    const auto n = static_cast<double>(sums.count);
-    const std::uint64_t centre = (sums.values + sums.count / 2) / sums.count;  // the nearest whole number
-    std::uint64_t squares = 0;
-    for (const auto& counts : histograms) squares += SquaredDistances(counts, centre);
-    // Less than half a level, so that little is taken away from what the squares give.
-    const double off_centre =
-        static_cast<double>(static_cast<std::int64_t>(sums.values - centre * sums.count)) / n;
-    const double variance = static_cast<double>(squares) / n - off_centre * off_centre;
-    return {sums.min, sums.max, static_cast<double>(sums.values) / n, std::sqrt(std::max(variance, 0.0))};
+    SampleSums sums;
+    for (const auto& counts : histograms)
+        for (std::size_t value = 0; value < counts.size(); ++value)
+            sums.Add(static_cast<std::uint16_t>(value), counts[value]);
+    return pixora::StatisticsOf(sums);
 }
 
 bool HoldsWholeImage(const SampleImage& image) {
@@ -167,6 +141,37 @@ void Measure(const SampleImage& image, const Region& region, Measurement& result
     for (std::size_t place = 0; place < (image.colour ? kColourTables : 1); ++place)
         result.statistics[place] = StatisticsOf(histograms.subspan(place, 1));
     if (image.colour) result.statistics[3] = StatisticsOf(histograms);
+}
+
+void SampleCounter::Begin() {
+    tables_.assign(kColourTables * kTableStride, 0);
+}
+
+void SampleCounter::Add(std::span<const std::uint16_t> samples, std::size_t channels) {
+    single_ = channels == 1;
+    if (single_)
+        CountSingle(samples.data(), samples.size(), tables_.data());
+    else
+        CountColour(samples.data(), samples.size() / 3, tables_.data());
+}
+
+void SampleCounter::AddZeros(std::uint64_t pixels) {
+    const std::size_t places = single_ ? 1 : kColourTables;
+    for (std::size_t place = 0; place < places; ++place)
+        tables_[place * kTableStride] += static_cast<std::uint32_t>(pixels);
+}
+
+HistogramCounts SampleCounter::Counts(bool colour, std::uint32_t bits) const {
+    HistogramCounts counts;
+    for (std::size_t place = 0; place < (colour ? kColourTables : 1); ++place) {
+        counts[place].assign(BinCount(bits), 0);
+        TakeCounts(tables_.data() + place * kTableStride, counts[place]);
+    }
+    if (!single_) return counts;
+    std::vector<std::uint32_t> second(BinCount(bits), 0);
+    TakeCounts(tables_.data() + kTableStride, second);
+    std::ranges::transform(counts[0], second, counts[0].begin(), std::plus<>());
+    return counts;
 }
 
 std::size_t StatisticsSlot(int channel) {

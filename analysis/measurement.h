@@ -50,6 +50,23 @@ struct Measurement {
 /// bin count in the last bin. Reuses the memory of `result`, so that measuring again allocates nothing.
 void Measure(const SampleImage& image, const Region& region, Measurement& result);
 
+/// Counts samples that come in pieces, for a histogram without the whole image at hand.
+class SampleCounter {
+public:
+    /// Forgets what came before. May throw when there is no memory.
+    void Begin();
+    /// @param channels  samples a pixel: 1, or 3 in the order blue, green, red; the same for the whole image.
+    void Add(std::span<const std::uint16_t> samples, std::size_t channels);
+    /// As many black pixels.
+    void AddZeros(std::uint64_t pixels);
+    /// As Measure() counts. @param colour  of the image; a grey one may have come as three channels.
+    [[nodiscard]] HistogramCounts Counts(bool colour, std::uint32_t bits) const;
+
+private:
+    std::vector<std::uint32_t> tables_;
+    bool single_ = false;  // one sample a pixel: the tables were used in turn
+};
+
 /// The slot of the statistics for a channel selector: 0 grey, 1 red, 2 green, 3 blue, 4 all three.
 [[nodiscard]] std::size_t StatisticsSlot(int channel);
 

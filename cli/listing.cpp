@@ -59,9 +59,8 @@ struct Channel {
     const SampleStatistics& statistics;
 };
 
-std::vector<Channel> ChannelsOf(const Measurement& measured) {
-    const StatisticsRecord& record = measured.statistics;
-    if (!measured.colour) return {{"mono", record[StatisticsSlot(kGrey)]}};
+std::vector<Channel> ChannelsOf(const StatisticsRecord& record, bool colour) {
+    if (!colour) return {{"mono", record[StatisticsSlot(kGrey)]}};
     return {{"R", record[StatisticsSlot(kRed)]},
             {"G", record[StatisticsSlot(kGreen)]},
             {"B", record[StatisticsSlot(kBlue)]},
@@ -75,9 +74,9 @@ std::vector<Field> FiguresOf(const SampleStatistics& statistics) {
             {"std", ShortestText(statistics.std)}};
 }
 
-std::string StatsJson(const std::string& file, const Region& region, const Measurement& measured) {
+std::string StatsJson(const std::string& file, const Region& region, const std::vector<Channel>& measured) {
     std::string channels;
-    for (const Channel& channel : ChannelsOf(measured)) {
+    for (const Channel& channel : measured) {
         std::vector<Field> fields = FiguresOf(channel.statistics);
         fields.insert(fields.begin(), TextField("name", channel.name));
         if (!channels.empty()) channels += ',';
@@ -89,9 +88,9 @@ std::string StatsJson(const std::string& file, const Region& region, const Measu
            "\n";
 }
 
-std::string StatsText(const std::string& file, const Region& region, const Measurement& measured) {
+std::string StatsText(const std::string& file, const Region& region, const std::vector<Channel>& measured) {
     std::string text = Concat({file, " (", RegionText(region), ")\n"});
-    for (const Channel& channel : ChannelsOf(measured)) {
+    for (const Channel& channel : measured) {
         const SampleStatistics& figures = channel.statistics;
         std::string name(channel.name);
         name.resize(4, ' ');
@@ -112,7 +111,7 @@ void WriteCsv(Session& session, const std::vector<Field>& fields) {
 
 int Info(Session& session, const std::string& file) {
     int status = kDone;
-    const std::optional<ImageBuffer> image = session.Read(file, false, status);
+    const std::optional<ImageBuffer> image = session.Read(file, nullptr, status);
     if (!image) return status;
     const std::vector<Field> facts = FactsOf(*image, file);
     switch (session.options.format) {
@@ -130,25 +129,25 @@ int Info(Session& session, const std::string& file) {
 }
 
 int Stats(Session& session, const std::string& file) {
-    session.sink.Expect(session.options.region);
+    session.sums.Expect(session.options.region);
     int status = kDone;
-    const std::optional<ImageBuffer> image = session.Read(file, true, status);
+    const std::optional<ImageBuffer> image = session.Read(file, &session.sums, status);
     if (!image) return status;
-    const SampleImage samples = SampleImageOf(*image, session.sink);
-    Measure(samples, WholeImage(samples.width, samples.height), session.measurement);
+    const StatisticsRecord record = session.sums.Statistics(image->colour != 0);
+    const std::vector<Channel> measured = ChannelsOf(record, image->colour != 0);
     switch (session.options.format) {
         case Format::json:
-            session.console.Out(StatsJson(file, session.sink.Part(), session.measurement));
+            session.console.Out(StatsJson(file, session.sums.Part(), measured));
             break;
         case Format::csv:
-            for (const Channel& channel : ChannelsOf(session.measurement)) {
+            for (const Channel& channel : measured) {
                 std::vector<Field> fields = FiguresOf(channel.statistics);
                 fields.insert(fields.begin(), {TextField("file", file), TextField("channel", channel.name)});
                 WriteCsv(session, fields);
             }
             break;
         case Format::text:
-            session.console.Out(StatsText(file, session.sink.Part(), session.measurement));
+            session.console.Out(StatsText(file, session.sums.Part(), measured));
             break;
     }
     return kDone;

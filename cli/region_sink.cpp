@@ -3,115 +3,75 @@
 #include <algorithm>
 #include <utility>
 
-#include "cli/stop.h"
 #include "image/pixels.h"
 
 namespace pixora::cli {
-bool IsInside(const Region& region, int width, int height) {
-    return !IsEmpty(region) && ClippedTo(region, width, height) == region;
-}
 
-void RegionSink::Expect(const std::optional<Region>& region) {
-    wanted_ = region;
-    row_wanted_.reset();
-    end_ = End::none;
-}
-
-void RegionSink::ExpectLine(bool row, int line, const std::optional<Region>& extent) {
-    Expect(extent);
-    row_wanted_ = row;
-    line_ = line;
-}
-
-bool RegionSink::Begin(std::uint32_t width, std::uint32_t height, RowOrder order) {
-    image_width_ = static_cast<int>(width);
-    image_height_ = static_cast<int>(height);
-    order_ = order;
-    row_ = column_ = 0;
-    part_ = wanted_.value_or(WholeImage(image_width_, image_height_));
-    const bool region_inside = IsInside(part_, image_width_, image_height_);
-    if (row_wanted_ == true) part_.top = part_.bottom = line_;
-    if (row_wanted_ == false) part_.left = part_.right = line_;
-    if (!region_inside || !IsInside(part_, image_width_, image_height_))
-        end_ = End::outside;
-    else if (!MakeRoom())
-        end_ = End::no_memory;
-    return end_ == End::none;
-}
-
-bool RegionSink::MakeRoom() {
-    buffer_.width = part_.right - part_.left + 1;
-    buffer_.height = part_.bottom - part_.top + 1;
-    const std::uint64_t needed = std::uint64_t{3} * Width() * static_cast<std::size_t>(buffer_.height);
-    if (buffer_.samples.All().size() >= needed) {
-        used_before_ = true;
-        return true;
-    }
+bool RegionSink::Start() {
     buffer_.samples = {};  // the old memory goes before the new is taken
-    auto samples = ZeroedArray<std::uint16_t>::Make(needed);
+    auto samples = ZeroedArray<std::uint16_t>::Make(std::uint64_t{3} * Width() * Height());
     if (!samples) return false;
-    buffer_.samples = *std::move(samples);
-    used_before_ = false;
+    buffer_ = {Part().right - Part().left + 1, Part().bottom - Part().top + 1, *std::move(samples)};
     return true;
 }
 
-bool RegionSink::Take(std::span<const std::uint16_t> samples, std::size_t channels) {
-    if (StopRequested()) {
-        end_ = End::stopped;
-        return false;
-    }
-    const auto image_width = static_cast<std::size_t>(image_width_);
-    while (!samples.empty() && row_ < static_cast<std::size_t>(image_height_)) {
-        const std::size_t pixels = std::min(samples.size() / channels, image_width - column_);
-        if (const std::optional<std::size_t> row = RowInPart())
-            Keep(samples.first(pixels * channels), channels, *row);
-        samples = samples.subspan(pixels * channels);
-        column_ += pixels;
-        if (column_ == image_width) {
-            column_ = 0;
-            ++row_;
-        }
-    }
-    return true;
-}
-
-std::optional<std::size_t> RegionSink::RowInPart() const {
-    const int arrived = static_cast<int>(row_);
-    const int row = order_ == RowOrder::top_down ? arrived : image_height_ - 1 - arrived;
-    if (row < part_.top || row > part_.bottom) return std::nullopt;
-    return static_cast<std::size_t>(row - part_.top);
-}
-
-// `run` begins at the current column.
-void RegionSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row) {
-    const std::size_t left = static_cast<std::size_t>(part_.left),
-                      right = static_cast<std::size_t>(part_.right);
-    const std::size_t first = std::max(column_, left);
-    const std::size_t end = std::min(column_ + run.size() / channels, right + 1);
-    if (first >= end) return;
-    const auto from = run.subspan((first - column_) * channels, (end - first) * channels);
-    const auto to = buffer_.samples.All().subspan(3 * (row * Width() + first - left), 3 * (end - first));
+void RegionSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row,
+                      std::size_t column) {
+    const auto to = buffer_.samples.All().subspan(3 * (row * Width() + column), 3 * (run.size() / channels));
     if (channels == 1)
-        RepeatGrey(from, to);
+        RepeatGrey(run, to);
     else
-        std::ranges::copy(from, to.begin());
+        std::ranges::copy(run, to.begin());
 }
 
-void RegionSink::Complete() {
-    if (!used_before_) return;
-    for (; row_ < static_cast<std::size_t>(image_height_); ++row_, column_ = 0) {
-        const std::optional<std::size_t> row = RowInPart();
-        if (!row) continue;
-        const std::size_t left = static_cast<std::size_t>(part_.left);
-        const std::size_t first = std::max(column_, left) - left;
-        if (first >= Width()) continue;
-        std::ranges::fill(buffer_.samples.All().subspan(3 * (*row * Width() + first), 3 * (Width() - first)),
-                          std::uint16_t{0});
-    }
+void RegionSink::Complete() {}  // the memory was zero before
+
+bool SumSink::Start() {
+    sums_ = {};
+    return true;
 }
 
-std::span<const std::uint16_t> RegionSink::All() const {
-    return buffer_.samples.All().first(3 * Width() * static_cast<std::size_t>(buffer_.height));
+void SumSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t, std::size_t) {
+    if (channels == 1)
+        AddSamples(run, sums_[0]);
+    else
+        AddTriples(run, sums_);
+}
+
+void SumSink::Complete() {
+    SkipToEnd([&](std::size_t, std::size_t column) {
+        for (SampleSums& sums : sums_) sums.Add(0, Width() - column);
+    });
+}
+
+StatisticsRecord SumSink::Statistics(bool colour) const {
+    StatisticsRecord record{};
+    record[0] = StatisticsOf(sums_[0]);
+    if (!colour) return record;
+    record[1] = StatisticsOf(sums_[1]);
+    record[2] = StatisticsOf(sums_[2]);
+    SampleSums all = sums_[0];
+    all.Add(sums_[1]);
+    all.Add(sums_[2]);
+    record[3] = StatisticsOf(all);
+    return record;
+}
+
+bool CountSink::Start() {
+    counter_.Begin();
+    return true;
+}
+
+void CountSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t, std::size_t) {
+    counter_.Add(run, channels);
+}
+
+void CountSink::Complete() {
+    SkipToEnd([&](std::size_t, std::size_t column) { counter_.AddZeros(Width() - column); });
+}
+
+HistogramCounts CountSink::Counts(bool colour, std::uint32_t bits) const {
+    return counter_.Counts(colour, bits);
 }
 
 }  // namespace pixora::cli

@@ -11,11 +11,11 @@ namespace {
 constexpr std::string_view kStripsTooMany =
     "warning: the strip table is too large; pixels are read from the start of the file";
 
-std::string SizeText(const RegionSink& sink) {
+std::string SizeText(const PartSink& sink) {
     return Concat({std::to_string(sink.ImageWidth()), " x ", std::to_string(sink.ImageHeight()), " pixels"});
 }
 
-std::string OutsideText(const Options& options, const RegionSink& sink) {
+std::string OutsideText(const Options& options, const PartSink& sink) {
     const std::string of = Concat({" is outside the image of ", SizeText(sink)});
     if (options.region && !IsInside(*options.region, sink.ImageWidth(), sink.ImageHeight()))
         return Concat({"the region ", RegionText(*options.region), of});
@@ -44,27 +44,27 @@ void Session::Warn(const std::string& file, const ImportResult& read) const {
     if (read.strips_too_many) Say(file, kStripsTooMany);
 }
 
-std::optional<ImageBuffer> Session::Read(const std::string& file, bool with_samples, int& status) {
-    ImportResult result = ReadImage(RequestFor(file), with_samples ? &sink : nullptr);
+std::optional<ImageBuffer> Session::Read(const std::string& file, PartSink* sink, int& status) const {
+    ImportResult result = ReadImage(RequestFor(file), sink);
     status = kDone;
     if (result.image) {
-        if (with_samples) sink.Complete();
+        if (sink) sink->Complete();
         Warn(file, result);
         return std::move(result.image);
     }
-    switch (with_samples ? sink.Ended() : RegionSink::End::none) {
-        case RegionSink::End::outside:
-            Say(file, OutsideText(options, sink));
+    switch (sink ? sink->Ended() : PartSink::End::none) {
+        case PartSink::End::outside:
+            Say(file, OutsideText(options, *sink));
             status = kUsage;
             break;
-        case RegionSink::End::no_memory:
-            Say(file, Concat({"there is not enough memory for ", SizeText(sink)}));
+        case PartSink::End::no_memory:
+            Say(file, Concat({"there is not enough memory for ", SizeText(*sink)}));
             status = kFailed;
             break;
-        case RegionSink::End::stopped:
+        case PartSink::End::stopped:
             status = kFailed;
             break;
-        case RegionSink::End::none:
+        case PartSink::End::none:
             status = Refuse(file, result);
             break;
     }
@@ -73,12 +73,6 @@ std::optional<ImageBuffer> Session::Read(const std::string& file, bool with_samp
 
 SourceRequest Session::RequestFor(const std::string& file) const {
     return {PathOf(file), options.valid_bits, options.auto_bit};
-}
-
-SampleImage SampleImageOf(const ImageBuffer& image, const RegionSink& sink) {
-    const Region& part = sink.Part();
-    return {part.right - part.left + 1, part.bottom - part.top + 1, image.colour != 0, EffectiveBits(image),
-            sink.All()};
 }
 
 std::string RegionText(const Region& region) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "analysis/measurement.h"
 #include "app/import.h"
 #include "cli/console.h"
 #include "cli/options.h"
@@ -13,12 +12,10 @@
 
 namespace pixora::cli {
 
-/// What is kept from file to file, so that thousands of them need the memory of one.
 struct Session {
     const Options& options;
     Console& console;
-    RegionSink sink{};
-    Measurement measurement{};
+    SumSink sums{};               ///< what is kept from file to file
     bool header_written = false;  ///< the header line of CSV results
 
     /// Writes a line about a file, or about a place to write to, to standard error.
@@ -29,15 +26,12 @@ struct Session {
     /// Says what is odd about a file that was read.
     void Warn(const std::string& file, const ImportResult& read) const;
 
-    /// Reads the facts of a file and, when `with_samples` is true, what the sink expects of its samples.
+    /// Reads the facts of a file and, when there is a sink, what it expects of the samples.
     /// @return nothing when that failed; `status` then says how, and it has been said.
-    [[nodiscard]] std::optional<ImageBuffer> Read(const std::string& file, bool with_samples, int& status);
+    [[nodiscard]] std::optional<ImageBuffer> Read(const std::string& file, PartSink* sink, int& status) const;
 
     [[nodiscard]] SourceRequest RequestFor(const std::string& file) const;
 };
-
-/// The samples that the sink holds, as they are measured.
-[[nodiscard]] SampleImage SampleImageOf(const ImageBuffer& image, const RegionSink& sink);
 
 /// "10,20,30,40".
 [[nodiscard]] std::string RegionText(const Region& region);

@@ -6,6 +6,7 @@
 #include "base/file.h"
 #include "cli/commands.h"
 #include "cli/paths.h"
+#include "cli/region_sink.h"
 #include "image/read_result.h"
 #include "image/region_save.h"
 #include "viewer/region_file.h"
@@ -60,39 +61,44 @@ ViewerState StateOf(ImageBuffer image, RegionSink& sink) {
 
 int Histogram(Session& session, const std::string& file) {
     if (WouldReplace(session, file, session.options.out)) return kUsage;
-    session.sink.Expect(session.options.region);
+    CountSink sink;
+    sink.Expect(session.options.region);
     int status = kDone;
-    const std::optional<ImageBuffer> image = session.Read(file, true, status);
+    const std::optional<ImageBuffer> image = session.Read(file, &sink, status);
     if (!image) return status;
-    const SampleImage samples = SampleImageOf(*image, session.sink);
-    Measure(samples, WholeImage(samples.width, samples.height), session.measurement);
-    return WriteCsvFile(session, HistogramCsv(session.measurement.counts, samples.colour,
-                                              ChannelFor(session, *image), samples.bits));
+    const bool colour = image->colour != 0;
+    const std::uint32_t bits = EffectiveBits(*image);
+    return WriteCsvFile(session,
+                        HistogramCsv(sink.Counts(colour, bits), colour, ChannelFor(session, *image), bits));
 }
 
 int Profile(Session& session, const std::string& file) {
     const Options& options = session.options;
     if (WouldReplace(session, file, options.out)) return kUsage;
     const bool row = options.kind == ProfileKind::horizontal;
-    session.sink.ExpectLine(row, options.line, options.region);
+    RegionSink sink;
+    sink.ExpectLine(row, options.line, options.region);
     int status = kDone;
-    const std::optional<ImageBuffer> image = session.Read(file, true, status);
+    const std::optional<ImageBuffer> image = session.Read(file, &sink, status);
     if (!image) return status;
-    const SampleImage samples = SampleImageOf(*image, session.sink);
+    const SampleBuffer& line = sink.Samples();
+    const SampleImage samples{line.width, line.height, image->colour != 0, EffectiveBits(*image),
+                              line.samples.All()};
     LineProfile profile;
     ReadLine(samples, options.kind, 0, WholeImage(samples.width, samples.height), profile);
-    profile.first += row ? session.sink.Part().left : session.sink.Part().top;
+    profile.first += row ? sink.Part().left : sink.Part().top;
     return WriteCsvFile(session, ProfileCsv(profile, samples.colour, ChannelFor(session, *image)));
 }
 
 int SavePart(Session& session, const std::string& file) {
     const std::string& out = session.options.out;
     if (WouldReplace(session, file, out)) return kUsage;
-    session.sink.Expect(session.options.region);
+    RegionSink sink;
+    sink.Expect(session.options.region);
     int status = kDone;
-    std::optional<ImageBuffer> image = session.Read(file, true, status);
+    std::optional<ImageBuffer> image = session.Read(file, &sink, status);
     if (!image) return status;
-    const ViewerState state = StateOf(*std::move(image), session.sink);
+    const ViewerState state = StateOf(*std::move(image), sink);
     const CutRegion cut = CutOutRegion(state, WholeImage(state.samples.width, state.samples.height));
     if (SaveRegion(cut.Pixels(), PathOf(out))) return kDone;
     if (!cut.colour && cut.bits > 12 && !ChoosesTiff(WideText(PathOf(out)))) {
