@@ -58,7 +58,7 @@ std::wstring CountDivisionText(std::uint32_t counts_per_division) {
 }
 
 std::array<std::wstring, 4> LevelLabels(std::uint32_t bits) {
-    const std::uint32_t quarter = LevelsPerQuarter(bits);
+    const std::int64_t quarter = LevelsPerQuarter(bits);
     return {FormatWhole(quarter), FormatWhole(2 * quarter), FormatWhole(3 * quarter),
             FormatWhole(4 * quarter)};
 }
