@@ -17,6 +17,7 @@ using namespace pixora::ui;
 namespace {
 
 constexpr std::uint32_t kViewerLine = Rgb(200, 0, 0);
+constexpr int kStatChannel = 1006;
 
 /// One colour: red 200, green 120, blue 40.
 Picture OneColour(int width, int height) {
@@ -187,8 +188,10 @@ TEST_CASE("the level cursor is stepped, centred, clicked, hidden and shown") {
     bench.program.Exit();
 }
 
-TEST_CASE("the setting of the level cursor decides how it begins") {
-    Bench bench(kViewVProfile, {{L"LVL_CURSOR", L"OFF"}});
+TEST_CASE("the settings of level cursor and caption decide how a profile view begins") {
+    Bench bench(kViewVProfile, {{L"LVL_CURSOR", L"OFF"}, {L"CAP_STYLE", L"FULL"}});
+    const std::wstring path = (ScratchFolder() / L"one.colour.bmp").wstring();
+    CHECK(bench.view.Text() == L"V-Profile View - " + path + L" [1]");
     CHECK(bench.view.ItemText(kLevelOn) == L"ON");
     CHECK_FALSE(bench.view.Item(kLevel).Enabled());
     CHECK(bench.view.ItemText(kLevel) == L"128");
@@ -272,11 +275,14 @@ TEST_CASE("the channel button is shared by the views of a viewer and chooses wha
     Bench bench(kViewHProfile);
     const Window column = OpenView(bench.program, bench.viewer, kViewVProfile);
     MoveTo(column, {1000, 10});
+    const Window statistics = OpenStatistics(bench.program, bench.viewer);
+    MoveTo(statistics, {400, 500});
     const PlotPicture row = PlotPicture(bench.view, kRowTint, 6, 1);
     const PlotPicture down = PlotPicture(column, kColumnTint, 4, 1);
     const auto wait_for = [&](const wchar_t* caption, const auto& draw) {
         WaitForText(bench.view, kProfileChannel, caption);
         WaitForText(column, kProfileChannel, caption);
+        WaitForText(statistics, kStatChannel, caption);
         WaitForPlot(bench.program, bench.view, draw(PlotPicture(row)).LevelCursor(128));
         WaitForPlot(bench.program, column, draw(PlotPicture(down)).LevelCursor(128));
     };
@@ -289,7 +295,7 @@ TEST_CASE("the channel button is shared by the views of a viewer and chooses wha
     wait_for(L"RGB", [](PlotPicture plot) {
         return plot.Flat(200, kRedPen).Flat(120, kGreenPen).Flat(40, kBluePen);
     });
-    Click(bench.view.Item(kProfileChannel));
+    Click(statistics.Item(kStatChannel));
     wait_for(L"R", [](PlotPicture plot) { return plot.Flat(200, kRedPen); });
     bench.program.Exit();
 }
