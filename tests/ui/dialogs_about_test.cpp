@@ -16,13 +16,19 @@ constexpr int kPicture = 1164, kVersion = 1165, kDescription = 1166, kSpare = 11
               kBuild = 1169, kAudience = 1145, kLink = 1170;
 constexpr std::uint32_t kBlue = Rgb(0, 0, 255);
 
-Window OpenAbout(Program& program) {
-    program.OpenMainMenu(L"&Help").Choose(L"About Pixora (&A)");
+constexpr wchar_t kItem[] = L"About Pixora (&A)";
+
+Window WaitForAbout(const Program& program) {
     const Window box = program.Running().WaitForWindow("the About box", [](const Window& window) {
         return window.FindItem(kLink) && window.FindItem(IDOK);
     });
     WaitForKeyboard(box);
     return box;
+}
+
+Window OpenAbout(Program& program) {
+    program.Choose(kItem);
+    return WaitForAbout(program);
 }
 
 void WaitForEnd(const Program& program, const Window& box) {
@@ -59,7 +65,8 @@ bool InOrder(const Window& window, std::initializer_list<int> ids) {
 
 TEST_CASE("the About box names the product and stands in the middle of the screen") {
     Program program;
-    const Window box = OpenAbout(program);
+    program.OpenMainMenu(L"&Help").Choose(kItem);
+    const Window box = WaitForAbout(program);
     CHECK(box.Text() == L"About Pixora");
     CHECK(box.ItemText(kVersion) == L"Pixora  (Ver. 2.00)");
     CHECK(box.ItemText(kDescription) == L"Image File Viewer and Analyzer");

@@ -13,10 +13,17 @@ using namespace pixora::ui;
 
 namespace {
 
-constexpr int kValueEdit = 1002, kValueOk = 1003;
+constexpr int kByValue = 32805, kValueEdit = 1002, kValueOk = 1003;
 
 std::filesystem::path ChartFile(int width, int height) {
     return ScratchFile(L"chart.bmp", BmpBytes(Chart(width, height), 24));
+}
+
+Window WaitForEntry(const Program& program) {
+    const Window entry = program.Running().WaitForWindow(
+        "the value dialog", [](const Window& window) { return window.Text() == L"Display Size Value"; });
+    WaitForKeyboard(entry.Item(kValueEdit));
+    return entry;
 }
 
 /// Opens the dialog with the mouse; it gets the keyboard.
@@ -25,10 +32,7 @@ Window OpenEntry(Program& program, const Window& viewer) {
     ClickAt({client.left + 40, client.top + 4}, Button::right);
     OpenMenu menu(program.Running(), program.Inside());
     menu.Open(L"Display Size").Choose(L"Set Display Size by Value");
-    const Window entry = program.Running().WaitForWindow(
-        "the value dialog", [](const Window& window) { return window.Text() == L"Display Size Value"; });
-    WaitForKeyboard(entry.Item(kValueEdit));
-    return entry;
+    return WaitForEntry(program);
 }
 
 /// The text of the item that a menu has marked.
@@ -51,10 +55,7 @@ Window OpenEntryByKeys(Program& program, POINT cursor) {
     const OpenMenu sizes(program.Running(), program.Inside(), {menu.Popup()});
     WaitFor("the first size", [&] { return Marked(program, sizes) == L"Set Display Size by Value"; });
     HoldKey(VK_RETURN);
-    const Window entry = program.Running().WaitForWindow(
-        "the value dialog", [](const Window& window) { return window.Text() == L"Display Size Value"; });
-    WaitForKeyboard(entry.Item(kValueEdit));
-    return entry;
+    return WaitForEntry(program);
 }
 
 void WaitForField(const Window& entry, const std::wstring& text) {
@@ -120,8 +121,9 @@ ErrorTexts EnterRefused(const Program& program, const Window& entry, const std::
 TEST_CASE("a display size that is no number is refused with the text as it was typed") {
     Program program;
     const Window viewer = program.Open(ChartFile(120, 90)), entry = OpenEntry(program, viewer);
-    for (const wchar_t* typed : {L"", L"   ", L"abc", L"-5", L"+5", L"1.2.3", L"50.", L"5.%", L"%", L"50%%",
-                                 L"50 %", L"%50", L"1,5", L"0x10", L"1e3", L"\xFF15\xFF10", L"\x2160"}) {
+    for (const wchar_t* typed :
+         {L"", L"   ", L"abc", L"-5", L"+5", L"1.2.3", L"50.", L"5.%", L"%", L"50%%", L"50 %", L"%50",
+          L"50% ", L"1,5", L"0x10", L"1e3", L"\xFF15\xFF10", L"\x2160"}) {
         CAPTURE(std::wstring(typed));
         CHECK(EnterRefused(program, entry, typed, false) == InvalidInput(typed));
     }
@@ -169,6 +171,7 @@ TEST_CASE("a display size that the image cannot be shown at is refused and the l
     CHECK(DismissErrorBox(program).line1 == L"A \"1200.5%\" zoom is too large to display.");
     CHECK(entry.Visible());
     WaitForField(entry, L"100%");
+    Click(entry.Item(kValueEdit));
     Type(entry, L"50");
     PressKey(VK_RETURN);
     WaitForEnd(entry, viewer);
@@ -178,7 +181,7 @@ TEST_CASE("a display size that the image cannot be shown at is refused and the l
 
 TEST_CASE("the value dialog opens where the cursor is and applies a size by Enter") {
     Program program;
-    const Window viewer = program.Open(ChartFile(120, 90));
+    const Window viewer = program.Open(ChartFile(120, 200));
     const POINT cursor = viewer.ClientPoint(100, 80);
     const Window entry = OpenEntryByKeys(program, cursor);
     CHECK(entry.Frame().left == cursor.x - 40);
@@ -188,18 +191,19 @@ TEST_CASE("the value dialog opens where the cursor is and applies a size by Ente
     CHECK(GetWindow(entry.Handle(), GW_OWNER) == viewer.Handle());
     CHECK_FALSE(viewer.Enabled());
     CHECK(program.Main().Enabled());
-    Type(entry, L"  250.5% ");
+    Type(entry, L"  250.5%");
     PressKey(VK_RETURN);
     WaitForEnd(entry, viewer);
-    WaitForClient(viewer, 300, 225);
+    WaitForClient(viewer, 300, 501);
     CHECK(viewer.Text() == L"[1 ]  (250.5%) File Name : chart.bmp");
     // Whatever carries the key's number counts as the key; the smallest size is one percent.
-    const Window again = OpenEntry(program, viewer);
+    viewer.Command(kByValue);
+    const Window again = WaitForEntry(program);
     CHECK(again.ItemText(kValueEdit) == L"250.5%");
     Type(again, L"0.96");
     again.Post(WM_APP, VK_RETURN);
     WaitForEnd(again, viewer);
-    WaitForClient(viewer, 1, 1);
+    WaitForClient(viewer, 1, 2);
     program.Exit();
 }
 
@@ -217,7 +221,8 @@ TEST_CASE("Escape restores the text, OK on it and the close button apply nothing
     // Applied, the text would give 1829 columns.
     Click(entry.Item(kValueOk));
     WaitForEnd(entry, viewer);
-    const Window second = OpenEntry(program, viewer);
+    viewer.Command(kByValue);
+    const Window second = WaitForEntry(program);
     Type(second, L"50");
     ClickCloseButton(second);
     WaitForEnd(second, viewer);

@@ -76,6 +76,19 @@ void DismissIncomplete(const Program& program, const Window& dialog) {
 
 }  // namespace
 
+TEST_CASE("the menu opens each option dialog") {
+    for (const OptionDialog* kind : kAll) {
+        CAPTURE(kind->caption);
+        Program program;
+        program.OpenMainMenu(L"&Option").Choose(kind->menu_item);
+        const Window dialog = WaitForOptions(program, *kind);
+        CHECK(dialog.Enabled());
+        CHECK(program.Main().Enabled());
+        CHECK(GetWindow(dialog.Handle(), GW_OWNER) == program.Main().Handle());
+        program.Exit();
+    }
+}
+
 TEST_CASE(
     "of each option dialog one opens, beside the main window, in front of the others when asked for again") {
     Program program;

@@ -23,7 +23,11 @@ const Choice& Find(const std::vector<Choice>& all, int id) {
 }  // namespace
 
 Window OpenOptions(Program& program, const OptionDialog& dialog) {
-    program.OpenMainMenu(L"&Option").Choose(dialog.menu_item);
+    program.Choose(dialog.menu_item);
+    return WaitForOptions(program, dialog);
+}
+
+Window WaitForOptions(const Program& program, const OptionDialog& dialog) {
     const Window window = program.Running().WaitForWindow(
         Narrow(dialog.caption), [&](const Window& other) { return other.Text() == dialog.caption; });
     WaitForKeyboard(window);

@@ -21,8 +21,10 @@ inline const OptionDialog kMainOption{L"Main Dialog Option (&M)", L"Pixora - Mai
 /// What the program says when a click could not be stored completely.
 inline constexpr wchar_t kSaveNotComplete[] = L"\"Save settings\" is not complete";
 
-/// Opens a dialog by the main menu and waits for it. An open one comes to the front.
+/// Opens a dialog by the command of the main menu and waits for it. An open one comes to the front.
 Window OpenOptions(Program& program, const OptionDialog& dialog);
+/// Waits until the dialog of this kind is there and has the keyboard.
+Window WaitForOptions(const Program& program, const OptionDialog& dialog);
 /// The open dialogs of this kind.
 [[nodiscard]] std::vector<Window> OpenDialogs(const Program& program, const OptionDialog& dialog);
 /// Closes a dialog with the button in its caption.
