@@ -129,19 +129,20 @@ TEST_CASE("Restore Defaults rewrites the settings file and touches no control an
 }
 
 TEST_CASE("what is asked for while a box is up comes to nothing") {
-    const std::filesystem::path file = MakePicture(L"later.bmp");
     Program program;
     program.Drop({ScratchFile(L"text.bmp", "no image at all")});
     const Window box = WaitForErrorBox(program);
     CHECK_FALSE(program.Main().Enabled());
     // In the order in which the program gets them; the last one before the box closes is the press of OK.
-    program.Drop({file});
+    program.Drop({MakePicture(L"meanwhile.bmp")});
     program.Choose(L"Open (&O)");
     program.Choose(L"Viewer Option  (&V)");
     program.Item(kEdit).Post(BM_CLICK);
     PressOk(box);
     WaitFor("the main window", [&] { return program.Main().Enabled(); });
-    program.Open(file, 1);
+    // Nothing took the first slot before this file.
+    const Window viewer = program.Open(MakePicture(L"later.bmp"), 1);
+    CHECK(viewer.Text() == L"[1 ]  (100%) File Name : later.bmp");
     CHECK(program.Viewers().size() == 1);
     CHECK_FALSE(program.Running().FindWindow(IsOptionDialog));
     CHECK(program.Item(kEdit).Text() == L"EDIT");
