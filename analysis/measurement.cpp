@@ -53,12 +53,18 @@ void CountColour(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* 
     }
 }
 
-void CountGrey(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* tables) {
+/// Where the second table of a grey image begins. Beyond 10 bits both are one: two would not fit the nearest
+/// cache, and the levels of such images hardly ever follow their like.
+std::size_t SecondTable(std::uint32_t bits) {
+    return BinCount(bits) <= 1024 ? kTableStride : 0;
+}
+
+void CountGrey(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* table, std::uint32_t* second) {
     for (const std::uint16_t* const end = pixel + 6 * (pixels / 2); pixel != end; pixel += 6) {
-        ++tables[pixel[0]];
-        ++tables[kTableStride + pixel[3]];
+        ++table[pixel[0]];
+        ++second[pixel[3]];
     }
-    if (pixels % 2 != 0) ++tables[pixel[0]];
+    if (pixels % 2 != 0) ++table[pixel[0]];
 }
 
 /// One sample a pixel.
@@ -87,7 +93,9 @@ void Count(const SampleImage& image, const Region& part, Measurement& result) {
     std::uint32_t* const tables = result.tables.data();
     const Rows rows(image, part);
     if (!image.colour) {
-        rows.ForEach([&](const auto* first, std::size_t pixels) { CountGrey(first, pixels, tables); });
+        std::uint32_t* const second = tables + SecondTable(image.bits);
+        rows.ForEach(
+            [&](const auto* first, std::size_t pixels) { CountGrey(first, pixels, tables, second); });
         TakeGreyCounts(tables, result.counts[0]);
         return;
     }
