@@ -1,5 +1,5 @@
 // The program on systems whose arguments are bytes.
-#include <signal.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): <csignal> need not have sigaction
 #include <unistd.h>
 
 #include <atomic>

@@ -20,7 +20,7 @@ constexpr std::string_view kExitStatus =
 bool LooksLikeList(std::string_view text) {
     return text.size() >= 2 && text.front() == '[' && text.back() == ']';
 }
-std::string Protected(std::string text) {
+std::string Protected(const std::string& text) {
     return LooksLikeList(text) ? Concat({kMark, text}) : text;
 }
 std::string Plain(const std::string& text) {
@@ -74,20 +74,24 @@ void AddOut(::CLI::App& command, Typed& typed, const char* what, const char* typ
     return command;
 }
 
-void AddCommands(::CLI::App& program, Typed& typed) {
+void AddInfo(::CLI::App& program, Typed& typed) {
     ::CLI::App& info =
         AddCommand(program, "info", "Tell the format facts of images", "info *.tif --format json");
     AddFiles(info, true);
     AddValidBits(info, typed);
     AddFormat(info, typed);
+}
 
+void AddStats(::CLI::App& program, Typed& typed) {
     ::CLI::App& stats = AddCommand(program, "stats", "Measure minimum, maximum, mean and deviation",
                                    "stats flat.tif --region 10,10,109,59 --format csv");
     AddFiles(stats, true);
     AddRegion(stats, typed);
     AddValidBits(stats, typed);
     AddFormat(stats, typed);
+}
 
+void AddHistogram(::CLI::App& program, Typed& typed) {
     ::CLI::App& histogram = AddCommand(program, "histogram", "Write the histogram of an image",
                                        "histogram flat.tif --out flat.csv --channel G");
     AddFiles(histogram, false);
@@ -95,7 +99,9 @@ void AddCommands(::CLI::App& program, Typed& typed) {
     AddChannel(histogram, typed);
     AddRegion(histogram, typed);
     AddValidBits(histogram, typed);
+}
 
+void AddProfile(::CLI::App& program, Typed& typed) {
     ::CLI::App& profile = AddCommand(program, "profile", "Write the samples along a row or a column",
                                      "profile edge.tif --row 120 --out edge.csv");
     AddFiles(profile, false);
@@ -105,14 +111,18 @@ void AddCommands(::CLI::App& program, Typed& typed) {
     AddChannel(profile, typed);
     AddRegion(profile, typed);
     AddValidBits(profile, typed);
+}
 
+void AddSaveRegion(::CLI::App& program, Typed& typed) {
     ::CLI::App& save = AddCommand(program, "save-region", "Save a part of an image as a file of its own",
                                   "save-region chart.tif --region 0,0,99,99 --out patch.tif");
     AddFiles(save, false);
     AddRegion(save, typed);
     save.get_option("--region")->required()->description("inclusive, in image pixels");
     AddOut(save, typed, "the file to write; .tif or .tiff chooses TIFF, anything else BMP", "PATH");
+}
 
+void AddConvert(::CLI::App& program, Typed& typed) {
     ::CLI::App& convert =
         AddCommand(program, "convert", "Write the copies of an image that a viewer works with",
                    "convert raw.tif --display raw.bmp --data raw.bin");
@@ -121,6 +131,15 @@ void AddCommands(::CLI::App& program, Typed& typed) {
     convert.add_option("--data", typed.data, "samples of a 16-bit TIFF, scaled to their valid bits")
         ->type_name("OUT.bin");
     AddValidBits(convert, typed);
+}
+
+void AddCommands(::CLI::App& program, Typed& typed) {
+    AddInfo(program, typed);
+    AddStats(program, typed);
+    AddHistogram(program, typed);
+    AddProfile(program, typed);
+    AddSaveRegion(program, typed);
+    AddConvert(program, typed);
 }
 
 // Wrong usage that the parser itself does not see.

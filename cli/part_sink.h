@@ -36,9 +36,9 @@ public:
     [[nodiscard]] const Region& Part() const { return part_; }
 
 protected:
-    [[nodiscard]] std::size_t Width() const { return static_cast<std::size_t>(part_.right - part_.left + 1); }
+    [[nodiscard]] std::size_t Width() const { return static_cast<std::size_t>(part_.right - part_.left) + 1; }
     [[nodiscard]] std::size_t Height() const {
-        return static_cast<std::size_t>(part_.bottom - part_.top + 1);
+        return static_cast<std::size_t>(part_.bottom - part_.top) + 1;
     }
 
     /// Before the first samples of the part, with Part() known. @return false without the memory for it.

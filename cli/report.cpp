@@ -24,9 +24,9 @@ std::string Escaped(char c) {
         default:
             break;
     }
-    if (static_cast<unsigned char>(c) >= 0x20) return {c};
+    const std::size_t code = static_cast<unsigned char>(c);
+    if (code >= 0x20) return {c};
     constexpr std::string_view kDigits = "0123456789abcdef";
-    const auto code = static_cast<std::size_t>(c);
     return Concat({"\\u00", kDigits.substr(code / 16, 1), kDigits.substr(code % 16, 1)});
 }
 

@@ -94,7 +94,7 @@ public:
     bool TakeBytes(std::span<const std::byte> bytes) {
         colour_ = colour_ || HasColour(bytes);
         if (!next_) return !colour_;
-        constexpr std::size_t kPiece = 3 * 1024;  // stays in the nearest cache on its way to `next`
+        constexpr std::size_t kPiece = 3072;  // stays in the nearest cache on its way to `next`
         samples_.resize(kPiece);
         for (std::size_t at = 0; at < bytes.size(); at += kPiece) {
             const auto piece = bytes.subspan(at, std::min(kPiece, bytes.size() - at));

@@ -10,7 +10,7 @@
 
 // The run-time library leaves `*` and `?` to the program.
 extern "C" {
-extern int _dowildcard;
+extern int _dowildcard;  // NOLINT(readability-identifier-naming): the library's own name
 int _dowildcard = 0;
 }
 

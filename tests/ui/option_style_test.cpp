@@ -6,6 +6,7 @@
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/option_windows.h"
 #include "tests/ui/support/texts.h"
+#include "tests/ui/support/viewer_hands.h"
 
 using namespace pixora::ui;
 
@@ -30,6 +31,32 @@ const std::vector<Choice> kChoices = {
     {kMarkGray, L"Gray", 3, {{L"MARK_COLOR", L"GRAY"}}},
     {kMarkWhite, L"White", 3, {{L"MARK_COLOR", L"WHITE"}}},
 };
+
+/// A picture of one colour.
+Picture Plain(int width, int height) {
+    Picture picture(width, height);
+    for (std::uint32_t& pixel : picture.pixels) pixel = Rgb(60, 60, 60);
+    return picture;
+}
+
+/// What a click on a button makes of the viewer's overlay.
+struct Look {
+    int button;
+    std::uint32_t colour;
+};
+
+/// Clicks each button and waits until the viewer shows what `draw` makes of its picture in that colour.
+template <typename Draw>
+void CheckLooks(Program& program, const Window& dialog, const Window& viewer, const std::vector<Look>& looks,
+                const Draw& draw) {
+    for (const Look& look : looks) {
+        CAPTURE(look.button);
+        ClickChoice(program, dialog, kChoices, look.button);
+        Picture expected = Plain(200, 150);
+        draw(expected, look.colour);
+        WaitToSee(program, viewer, expected);
+    }
+}
 
 }  // namespace
 
@@ -90,5 +117,54 @@ TEST_CASE("restored defaults reach open viewers with the next change of the line
     ClickChoice(program, dialog, kChoices, kLineGreen);
     WaitFor("the viewer to take the settings over",
             [&] { return viewer.Text() == L"[1 ]  (100%) File Name : a.bmp"; });
+    program.Exit();
+}
+
+TEST_CASE("a click in the line and region style repaints the profile line of an open viewer") {
+    Program program;
+    const Window viewer = program.Open(ScratchFile(L"plain.bmp", BmpBytes(Plain(200, 150), 24)));
+    (void)OpenView(program, viewer, kViewHProfile);
+    const Window dialog = OpenOptions(program, kRegionStyle);
+    CheckLooks(program, dialog, viewer,
+               {{kLineGreen, Rgb(0, 200, 0)}, {kLineGray, Rgb(200, 200, 200)}, {kLineRed, Rgb(200, 0, 0)}},
+               [](Picture& picture, std::uint32_t colour) { DrawAcross(picture, 74, 0, 200, colour); });
+    program.Exit();
+}
+
+TEST_CASE("a click in the line and region style repaints the region and its mark in an open viewer") {
+    constexpr RECT kRegion{50, 40, 150, 110};
+    const auto draw_mark = [](Picture& picture, std::uint32_t colour) {
+        DrawAcross(picture, 40, 50, 70, colour);
+        DrawDown(picture, 50, 40, 60, colour);
+    };
+    Program program;
+    const Window viewer = program.Open(ScratchFile(L"plain.bmp", BmpBytes(Plain(200, 150), 24)));
+    const Window statistics = OpenView(program, viewer, kViewStatistics);
+    PressButton(statistics, kStatRegion, L"REGION OFF");
+    const Window coordinates = OpenCoordinates(program, statistics);
+    EnterEdges(coordinates, {50, 40, 149, 109});
+    WaitForText(statistics, kStatRegionSize, L"Region = 100 x 70");
+    coordinates.Post(WM_CLOSE);
+    WaitFor("the coordinates dialog to close", [&] { return !coordinates.Exists(); });
+    const Window dialog = OpenOptions(program, kRegionStyle);
+    CheckLooks(
+        program, dialog, viewer,
+        {{kBorderRed, Rgb(200, 0, 0)}, {kBorderGray, Rgb(240, 240, 240)}, {kBorderGreen, Rgb(153, 255, 255)}},
+        [&](Picture& picture, std::uint32_t colour) { TintOutside(picture, kRegion, colour); });
+    CheckLooks(program, dialog, viewer,
+               {{kLine, Rgb(53, 158, 66)}, {kBorderRed, Rgb(200, 0, 0)}, {kBorderGray, Rgb(240, 240, 240)}},
+               [&](Picture& picture, std::uint32_t colour) { DrawFrame(picture, kRegion, colour); });
+    Raise(statistics);
+    PressButton(statistics, kStatCorner, L"CORNER");
+    ClickImage(viewer, 55, 45, Button::right);
+    CheckLooks(program, dialog, viewer,
+               {{kMarkGreen, Rgb(0, 200, 0)},
+                {kMarkRed, Rgb(200, 0, 0)},
+                {kMarkGray, Rgb(200, 200, 200)},
+                {kMarkWhite, Rgb(250, 250, 250)}},
+               [&](Picture& picture, std::uint32_t colour) {
+                   DrawFrame(picture, kRegion, Rgb(240, 240, 240));
+                   draw_mark(picture, colour);
+               });
     program.Exit();
 }
