@@ -37,11 +37,21 @@ struct Bench {
             if (argument.starts_with('@')) argument = At(argument.substr(1));
         Capture capture;
         capture.result.status = cli::Run(arguments, capture, true);
-        const std::string at = At("");
         for (std::string* text : {&capture.result.out, &capture.result.error})
-            for (std::size_t found; (found = text->find(at)) != std::string::npos;)
-                text->erase(found, at.size());
+            for (const std::string& at : {At(""), AsInJson(At(""))}) Remove(*text, at);
         return capture.result;
+    }
+
+private:
+    // JSON writes the separator of Windows twice.
+    static std::string AsInJson(const std::string& path) {
+        std::string text;
+        for (const char c : path) text += c == '\\' ? "\\\\" : std::string(1, c);
+        return text;
+    }
+    static void Remove(std::string& text, const std::string& part) {
+        for (std::size_t found; (found = text.find(part)) != std::string::npos;)
+            text.erase(found, part.size());
     }
 };
 
