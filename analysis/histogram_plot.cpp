@@ -15,11 +15,6 @@ PlotColour BarColour(bool colour, std::size_t place) {
     return colour ? kChannelColours[place] : kPlotDarkBlue;
 }
 
-/// One that stands out from the bars that the cursor crosses.
-PlotColour CursorColour(int channel) {
-    return channel == kRed || channel == kAllChannels ? kPlotBlack : kPlotRed;
-}
-
 }  // namespace
 
 void HistogramPainter::Draw(const Measurement& measurement, const HistogramLook& look) {

@@ -46,4 +46,7 @@ struct Plot {
     friend bool operator==(const Plot&, const Plot&) = default;
 };
 
+/// The colour of a level cursor: one that stands out from what the selected channel draws.
+[[nodiscard]] PlotColour CursorColour(int channel);
+
 }  // namespace pixora

@@ -8,9 +8,6 @@
 namespace pixora {
 namespace {
 
-// Apart from every tint, channel and frame.
-constexpr PlotColour kGridColour = 0xC8C8C8, kCursorColour = 0xC000C0;
-
 // Adds a segment to a line. Those that stay in one column of pixels grow into one stroke.
 void AddSegment(std::vector<PlotLine>& lines, PlotPoint from, PlotPoint to, PlotColour colour) {
     if (from.x != to.x) {
@@ -52,10 +49,18 @@ void AddTraces(const LineProfile& profile, const ProfileLook& look, Plot& plot) 
 void AddGrid(const ProfileScale& scale, int positions, Plot& plot) {
     for (const std::uint32_t level : GridLevels(scale.bits)) {
         const int y = RowOfLevel(scale, level);
-        plot.grid.push_back({{1, y}, {scale.width - 2, y}, kGridColour});
+        plot.grid.push_back({{1, y}, {scale.width - 2, y}, kPlotGrey, true});
     }
     for (const int x : GridColumns(scale, positions))
-        plot.grid.push_back({{x, 1}, {x, scale.height - 2}, kGridColour});
+        plot.grid.push_back({{x, 1}, {x, scale.height - 2}, kPlotGrey, true});
+}
+
+void AddCursor(const ProfileLook& look, Plot& plot) {
+    const int y = RowOfCursor(look.scale, look.level);
+    const PlotColour colour = CursorColour(look.colour ? look.channel : kGrey);
+    // On the bottom edge black would be lost in the frame.
+    const bool lost = y == plot.height - 1 && colour == plot.frame;
+    plot.cursors.push_back({{0, y}, {plot.width - 1, y}, lost ? kPlotGrey : colour});
 }
 
 }  // namespace
@@ -99,10 +104,7 @@ Plot PlotProfile(const LineProfile& profile, const ProfileLook& look) {
     plot.background = ProfileTint(look.kind);
     AddGrid(scale, profile.count, plot);
     AddTraces(profile, look, plot);
-    if (look.level_shown) {
-        const int y = RowOfCursor(scale, look.level);
-        plot.cursors.push_back({{0, y}, {scale.width - 1, y}, kCursorColour});
-    }
+    if (look.level_shown) AddCursor(look, plot);
     return plot;
 }
 

@@ -80,7 +80,9 @@ struct Bench {
 
     /// Waits until the plot of red 200 has its level cursor there.
     void WaitForLevelLine(int level) {
-        WaitForPlot(program, view, PlotPicture(view, kRowTint, 6, 1).Flat(200, kRedPen).LevelCursor(level));
+        const std::uint32_t pen = level == 0 ? Rgb(128, 128, 128) : kLevelPenOverRed;  // 0 lies on the frame
+        WaitForPlot(program, view,
+                    PlotPicture(view, kRowTint, 6, 1).Flat(200, kRedPen).LevelCursor(level, pen));
     }
 
 private:
@@ -279,18 +281,21 @@ TEST_CASE("the channel button is shared by the views of a viewer and chooses wha
     MoveTo(statistics, {400, 500});
     const PlotPicture row = PlotPicture(bench.view, kRowTint, 6, 1);
     const PlotPicture down = PlotPicture(column, kColumnTint, 4, 1);
-    const auto wait_for = [&](const wchar_t* caption, const auto& draw) {
+    const auto wait_for = [&](const wchar_t* caption, const auto& draw,
+                              std::uint32_t cursor = kLevelPenOverRed) {
         WaitForText(bench.view, kProfileChannel, caption);
         WaitForText(column, kProfileChannel, caption);
         WaitForText(statistics, kStatChannel, caption);
-        WaitForPlot(bench.program, bench.view, draw(PlotPicture(row)).LevelCursor(128));
-        WaitForPlot(bench.program, column, draw(PlotPicture(down)).LevelCursor(128));
+        WaitForPlot(bench.program, bench.view, draw(PlotPicture(row)).LevelCursor(128, cursor));
+        WaitForPlot(bench.program, column, draw(PlotPicture(down)).LevelCursor(128, cursor));
     };
     wait_for(L"R", [](PlotPicture plot) { return plot.Flat(200, kRedPen); });
     Click(bench.view.Item(kProfileChannel));
-    wait_for(L"G", [](PlotPicture plot) { return plot.Flat(120, kGreenPen); });
+    wait_for(
+        L"G", [](PlotPicture plot) { return plot.Flat(120, kGreenPen); }, kLevelPen);
     Click(column.Item(kProfileChannel));
-    wait_for(L"B", [](PlotPicture plot) { return plot.Flat(40, kBluePen); });
+    wait_for(
+        L"B", [](PlotPicture plot) { return plot.Flat(40, kBluePen); }, kLevelPen);
     Click(column.Item(kProfileChannel));
     wait_for(L"RGB", [](PlotPicture plot) {
         return plot.Flat(200, kRedPen).Flat(120, kGreenPen).Flat(40, kBluePen);

@@ -126,6 +126,10 @@ TEST_CASE("without positions there is the grid of levels and nothing else") {
     REQUIRE(plot.grid.size() == 7);
     CHECK(plot.grid[0].from == PlotPoint{1, 223});
     CHECK(plot.grid[0].to == PlotPoint{101, 223});
+    for (const PlotLine& line : plot.grid) {
+        CHECK(line.colour == 0x808080);
+        CHECK(line.dotted);
+    }
     CHECK(plot.grid[6].from == PlotPoint{1, 31});
     CHECK(plot.boxes.empty());
     CHECK(plot.lines.empty());
@@ -183,4 +187,25 @@ TEST_CASE("the level cursor is a line across the plot while it shows") {
     plot = PlotProfile({}, look);
     CHECK(plot.cursors[0].from == PlotPoint{0, 255});
     CHECK(plot.cursors[0].colour != plot.frame);  // it can be told from the frame it lies on
+}
+
+TEST_CASE("the level cursor of a profile has the colours of a histogram's, and is never lost in the frame") {
+    ProfileLook look = Look();
+    look.level_shown = true;
+    const auto colour_at = [&](bool colour, int channel, std::uint32_t level) {
+        look.colour = colour;
+        look.channel = channel;
+        look.level = level;
+        return PlotProfile({}, look).cursors.at(0).colour;
+    };
+    CHECK(colour_at(false, 0, 128) == 0x0000FF);
+    CHECK(colour_at(true, 1, 128) == 0x000000);
+    CHECK(colour_at(true, 2, 128) == 0x0000FF);
+    CHECK(colour_at(true, 3, 128) == 0x0000FF);
+    CHECK(colour_at(true, 4, 128) == 0x000000);
+    CHECK(colour_at(false, 0, 0) == 0x0000FF);
+    CHECK(colour_at(true, 1, 0) == 0x808080);
+    CHECK(colour_at(true, 2, 0) == 0x0000FF);
+    CHECK(colour_at(true, 4, 1) == 0x808080);
+    CHECK(colour_at(true, 4, 2) == 0x000000);
 }

@@ -19,7 +19,7 @@ inline constexpr int kProfileChannel = 1056;
 
 inline constexpr std::uint32_t kRowTint = 0xEBFFFF, kColumnTint = 0xFFFAEB, kMonoPen = 0x0000C8,
                                kRedPen = 0xFF0000, kGreenPen = 0x00A000, kBluePen = 0x0000FF,
-                               kLevelPen = 0xC000C0;
+                               kLevelPen = 0xFF0000, kLevelPenOverRed = 0x000000;
 
 /// The plot of an 8-bit image at the size that the view gives it, drawn by the tests themselves.
 class PlotPicture {
@@ -30,8 +30,11 @@ public:
     /// A line at one level over all positions.
     PlotPicture& Flat(int level, std::uint32_t pen);
     PlotPicture& LevelCursor(int level);
+    PlotPicture& LevelCursor(int level, std::uint32_t pen);
 
-    [[nodiscard]] const Picture& All() const { return picture_; }
+    /// Empty when `shown` is this plot, whatever pixels of the dotted grid lines are the gaps; else the
+    /// difference in words.
+    [[nodiscard]] std::string DifferenceFrom(const Picture& shown) const;
     /// Where the sample `value` at position `index` lies.
     [[nodiscard]] POINT Place(int index, int value) const;
 
@@ -40,6 +43,7 @@ private:
     [[nodiscard]] int Column(int index) const;
 
     Picture picture_;
+    std::uint32_t tint_;
     int positions_;
 };
 
