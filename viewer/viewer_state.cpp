@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "analysis/profile_line.h"
 #include "base/number_text.h"
 #include "viewer/display_size.h"
 
@@ -12,8 +13,10 @@ ViewerState NewViewerState(ImageBuffer image, SampleBuffer samples) {
     state.ratio_text = StartRatio(image.display_size);
     state.region = WholeImage(image.width, image.height);
     state.last_seen_region = state.undo_region = state.region;
-    state.row = state.saved_row = CentreLine(image.height);
-    state.column = state.saved_column = CentreLine(image.width);
+    ProfileScope lines{.kind = ProfileKind::horizontal, .width = image.width, .height = image.height};
+    state.row = state.saved_row = CentredLine(lines);
+    lines.kind = ProfileKind::vertical;
+    state.column = state.saved_column = CentredLine(lines);
     state.channel = image.colour ? 1 : 0;
     state.image = std::move(image);
     SetSamples(state, std::move(samples));
@@ -53,11 +56,6 @@ void UpdateCanvas(ViewerState& state) {
     canvas.region = DisplayRectangle(state.region, canvas.ratio);
     canvas.row = state.row;
     canvas.column = state.column;
-}
-
-std::uint16_t CentreLine(std::uint16_t extent) {
-    const bool even = extent % 2 == 0;
-    return static_cast<std::uint16_t>(even && extent > 0 ? extent / 2 - 1 : extent / 2);
 }
 
 }  // namespace pixora

@@ -76,7 +76,4 @@ void ApplySettings(const Settings& settings, ViewerState& state);
 /// Gives the canvas the ratio, the region and the profile lines.
 void UpdateCanvas(ViewerState& state);
 
-/// The row or column on which a profile line stands in the middle of `extent` pixels.
-[[nodiscard]] std::uint16_t CentreLine(std::uint16_t extent);
-
 }  // namespace pixora

@@ -44,6 +44,7 @@ TEST_CASE("the middle of an even number of lines is the one before the half") {
     CHECK(CentredLine(Image(kHorizontal, 7, 1)) == 0);
     CHECK(CentredLine(Image(kHorizontal, 7, 2)) == 0);
     CHECK(CentredLine(Image(kVertical, 65535, 7)) == 32767);
+    CHECK(CentredLine(Image(kVertical, 0, 0)) == 0);
 }
 
 TEST_CASE("the middle of a region is half the sum of its edges, truncated") {
