@@ -7,6 +7,8 @@
 #include <shlobj.h>
 #include <winternl.h>
 
+#include <array>
+#include <atomic>
 #include <cstring>
 #include <cwchar>
 #include <initializer_list>
@@ -153,6 +155,54 @@ void CountHandles(ProbeBlock& block) {
                                                     user ? user : CountWindowsAndMenus()};
 }
 
+/// A window whose messages pass by here before it gets them.
+struct Watched {
+    std::atomic<HWND> window{nullptr};
+    WNDPROC procedure = nullptr;
+    std::atomic<std::int32_t> ticks{0}, plots{0}, paints{0};
+};
+std::array<Watched, 16> watched_windows;
+
+Watched* FindWatched(HWND window) {
+    for (Watched& watched : watched_windows)
+        if (watched.window == window) return &watched;
+    return nullptr;
+}
+
+LRESULT CALLBACK WatchedProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    Watched* watched = FindWatched(window);
+    if (!watched) return DefWindowProcW(window, message, w, l);
+    if (message == WM_DRAWITEM) ++watched->plots;
+    const bool of_control = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+    if (message == WM_PAINT || message == WM_ERASEBKGND || message == WM_DRAWITEM || of_control)
+        ++watched->paints;
+    const WNDPROC procedure = watched->procedure;
+    if (message == WM_NCDESTROY) watched->window = nullptr;
+    const LRESULT result = CallWindowProcW(procedure, window, message, w, l);
+    if (message == WM_TIMER) ++watched->ticks;
+    return result;
+}
+
+bool Watch(HWND window) {
+    Watched* watched = FindWatched(window);
+    if (!watched) {
+        watched = FindWatched(nullptr);
+        if (!watched) return false;
+        watched->procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+        watched->window = window;
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WatchedProcedure));
+    }
+    watched->ticks = watched->plots = watched->paints = 0;
+    return true;
+}
+
+bool ReportWatched(ProbeBlock& block, HWND window) {
+    const Watched* watched = FindWatched(window);
+    if (!watched) return false;
+    *reinterpret_cast<WindowCounts*>(block.data) = {watched->ticks, watched->plots, watched->paints};
+    return true;
+}
+
 bool Serve(ProbeBlock& block) {
     HWND window = reinterpret_cast<HWND>(block.window);
     block.count = 0;
@@ -177,6 +227,10 @@ bool Serve(ProbeBlock& block) {
         case ProbeTask::handles:
             CountHandles(block);
             return true;
+        case ProbeTask::watch:
+            return Watch(window);
+        case ProbeTask::watched:
+            return ReportWatched(block, window);
     }
     return false;
 }

@@ -129,6 +129,17 @@ HandleCounts Probe::Handles() {
     return *reinterpret_cast<const HandleCounts*>(block_->data);
 }
 
+void Probe::Watch(const Window& window) {
+    block_->window = reinterpret_cast<std::uint64_t>(window.Handle());
+    Run(ProbeTask::watch);
+}
+
+WindowCounts Probe::Watched(const Window& window) {
+    block_->window = reinterpret_cast<std::uint64_t>(window.Handle());
+    Run(ProbeTask::watched);
+    return *reinterpret_cast<const WindowCounts*>(block_->data);
+}
+
 PauseBeforeEnd::PauseBeforeEnd(Probe& probe, const Window& main, std::wstring_view caption) : probe_(probe) {
     const DWORD id = main.ProcessId();
     paused_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbePausedName, id).c_str());

@@ -36,6 +36,10 @@ public:
     [[nodiscard]] LOGFONTW Font(const Window& control);
     /// The handles that the process holds now.
     [[nodiscard]] HandleCounts Handles();
+    /// Counts what a window does, from zero.
+    void Watch(const Window& window);
+    /// What a watched window has done.
+    [[nodiscard]] WindowCounts Watched(const Window& window);
 
 private:
     friend class PauseBeforeEnd;

@@ -15,12 +15,22 @@ enum class ProbeTask : std::uint32_t {
     tooltips,  ///< lists the texts of all tooltips of the tooltip window `window`
     font,      ///< copies the LOGFONTW of the font of control `window` into `data`
     handles,   ///< counts the handles of the process into `data`, a HandleCounts
+    watch,     ///< counts from now on what `window` does
+    watched,   ///< copies what was counted of `window` into `data`, a WindowCounts
 };
 
 /// How many handles the process holds. The system may not tell more than windows and menus of the latter.
 struct HandleCounts {
     std::int32_t gdi, user;
     friend bool operator==(const HandleCounts&, const HandleCounts&) = default;
+};
+
+/// What a window has done since it is watched.
+struct WindowCounts {
+    std::int32_t ticks;   ///< messages of its timers that it has dealt with
+    std::int32_t plots;   ///< paintings of controls that it draws itself, as plots
+    std::int32_t paints;  ///< paintings of itself and of any of its controls, each perhaps more than once
+    friend bool operator==(const WindowCounts&, const WindowCounts&) = default;
 };
 
 /// An item of a menu. The items of a sub-menu follow their parent, one deeper.
