@@ -1,6 +1,9 @@
 // Saving the region of an image as a file.
 #include <doctest/doctest.h>
 
+#include <windows.h>
+
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,6 +15,7 @@
 #include "tests/ui/support/sample_values.h"
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/viewer_hands.h"
+#include "tests/ui/support/views.h"
 #include "tests/ui/support/wait.h"
 
 using namespace pixora::ui;
@@ -52,6 +56,18 @@ void SaveAs(Program& program, const Window& viewer, const std::filesystem::path&
     FileDialog(program.Running()).Accept(path.wstring());
 }
 
+/// Keeps a file for whoever reads it with other programs afterwards: in the folder PIXORA_UI_SAVED, if it is
+/// set, named after the image.
+void KeepForOthers(const std::filesystem::path& file, const std::filesystem::path& source) {
+    wchar_t folder[MAX_PATH] = L"";
+    const DWORD length = GetEnvironmentVariableW(L"PIXORA_UI_SAVED", folder, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return;
+    std::wstring name = source.stem().wstring();
+    name += file == source ? L".source" + file.extension().wstring() : file.extension().wstring();
+    std::filesystem::copy_file(file, std::filesystem::path(folder) / name,
+                               std::filesystem::copy_options::overwrite_existing);
+}
+
 struct Kind {
     std::filesystem::path file;
     bool colour;
@@ -69,18 +85,31 @@ std::filesystem::path RgbTiff(const std::wstring& name, int depth) {
     return ScratchFile(name, Bytes(file));
 }
 
-constexpr int kRight = 98, kBottom = 60;
+constexpr Part kPart{7, 5, 98, 60};
+constexpr int kWidth = 92, kHeight = 56;
+
+/// Opens a file with the region kPart.
+Window OpenWithPart(Program& program, const std::filesystem::path& file) {
+    const Window viewer = OpenWithRegion(program, file, kPart.right, kPart.bottom);
+    // The mouse stays where it picks the corner, so that it is there whenever the program looks.
+    ClickImage(viewer, kPart.left, kPart.top - 1, Button::right);
+    ClickImage(viewer, kPart.left, kPart.top - 1);
+    const Window statistics = WaitForTitled(program, StatisticsTitle());
+    WaitForText(statistics, kStatRegionSize, L"Region = 92 x 56");
+    return viewer;
+}
 
 void CheckTiff(Program& program, const Window& viewer, const Kind& kind, const SampleValues& source) {
     const std::filesystem::path path = ScratchFolder() / L"part.TIF";
     SaveAs(program, viewer, path);
     EndNotice(WaitForSavedNotice(program));
     const SampleValues saved = ReadValues(path);
-    CHECK(saved.width == kRight + 1);
-    CHECK(saved.height == kBottom + 1);
+    CHECK(saved.width == kWidth);
+    CHECK(saved.height == kHeight);
     CHECK(saved.channels == (kind.colour ? 3 : 1));
     CHECK(saved.bits == (kind.depth == 8 ? 8 : 16));
-    CHECK((saved.values == PartOf(source, kRight, kBottom, kind.depth, !kind.colour, 0)));
+    CHECK((saved.values == PartOf(source, kPart, kind.depth, !kind.colour, 0)));
+    KeepForOthers(path, kind.file);
     std::filesystem::remove(path);
 }
 
@@ -95,14 +124,15 @@ void CheckBmp(Program& program, const Window& viewer, const Kind& kind, const Sa
     }
     EndNotice(WaitForSavedNotice(program));
     const SampleValues saved = ReadValues(path);
-    CHECK(saved.width == kRight + 1);
-    CHECK(saved.height == kBottom + 1);
+    CHECK(saved.width == kWidth);
+    CHECK(saved.height == kHeight);
     SampleValues narrow = saved;
     if (!kind.colour) {  // a grey BMP of eight bits is read as three equal channels
-        CHECK(ReadBytes(path).size() == 1078 + 100 * (kBottom + 1));
-        narrow.values = PartOf(saved, kRight, kBottom, 8, true, 0);
+        CHECK(ReadBytes(path).size() == 1078 + kWidth * kHeight);
+        narrow.values = PartOf(saved, {0, 0, kWidth - 1, kHeight - 1}, 8, true, 0);
     }
-    CHECK((narrow.values == PartOf(source, kRight, kBottom, kind.depth, !kind.colour, kind.depth - 8)));
+    CHECK((narrow.values == PartOf(source, kPart, kind.depth, !kind.colour, kind.depth - 8)));
+    KeepForOthers(path, kind.file);
     std::filesystem::remove(path);
 }
 
@@ -111,9 +141,10 @@ void CheckKinds(const std::vector<Kind>& kinds) {
     for (const Kind& kind : kinds) {
         CAPTURE(kind.file.filename().string());
         const SampleValues source = ReadValues(kind.file);
-        const Window viewer = OpenWithRegion(program, kind.file, kRight, kBottom);
+        const Window viewer = OpenWithPart(program, kind.file);
         CheckTiff(program, viewer, kind, source);
         CheckBmp(program, viewer, kind, source);
+        KeepForOthers(kind.file, kind.file);
         viewer.Post(WM_CLOSE);
         WaitFor("the viewer to close", [&] { return !viewer.Exists(); });
     }

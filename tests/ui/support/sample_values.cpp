@@ -73,17 +73,17 @@ SampleValues ReadValues(const std::filesystem::path& path) {
     return bytes[0] == 'B' ? FromPicture(ReadImage(path)) : TiffReader(bytes).Read();
 }
 
-std::vector<std::uint32_t> PartOf(const SampleValues& source, int right, int bottom, int depth, bool grey,
+std::vector<std::uint32_t> PartOf(const SampleValues& source, const Part& part, int depth, bool grey,
                                   int shift) {
-    std::vector<std::uint32_t> part;
+    std::vector<std::uint32_t> values;
     const int taken = grey ? 1 : source.channels;
-    for (int y = 0; y <= bottom; ++y)
-        for (int x = 0; x <= right; ++x)
+    for (int y = part.top; y <= part.bottom; ++y)
+        for (int x = part.left; x <= part.right; ++x)
             for (int channel = 0; channel < taken; ++channel) {
                 const auto at = static_cast<std::size_t>((y * source.width + x) * source.channels + channel);
-                part.push_back(source.values[at] >> (source.bits - depth) >> shift);
+                values.push_back(source.values[at] >> (source.bits - depth) >> shift);
             }
-    return part;
+    return values;
 }
 
 }  // namespace pixora::ui

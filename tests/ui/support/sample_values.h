@@ -16,11 +16,16 @@ struct SampleValues {
 /// Reads a BMP as three channels of 8 bits, a TIFF of 8, 12 or 16 bits as it is stored in its one strip.
 [[nodiscard]] SampleValues ReadValues(const std::filesystem::path& path);
 
-/// What saving the part (0, 0) to (`right`, `bottom`) of `source` must write.
+/// A part of an image; all four edges lie inside it.
+struct Part {
+    int left = 0, top = 0, right = 0, bottom = 0;
+};
+
+/// What saving `part` of `source` must write.
 /// @param depth  the bits that count, from the upper end of the stored ones.
 /// @param grey   one channel is written of a source whose three channels are equal.
 /// @param shift  how many lower bits of that depth the file has no room for.
-[[nodiscard]] std::vector<std::uint32_t> PartOf(const SampleValues& source, int right, int bottom, int depth,
+[[nodiscard]] std::vector<std::uint32_t> PartOf(const SampleValues& source, const Part& part, int depth,
                                                 bool grey, int shift);
 
 }  // namespace pixora::ui
