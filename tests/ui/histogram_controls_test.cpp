@@ -198,6 +198,32 @@ TEST_CASE("a histogram is exported through the save dialog, or not at all") {
                     (level == 40 ? ",24" : ",0") + "\r\n";
     CHECK(ReadBytes(other / L"mine.csv") == expected);
     CHECK(StoredSetting(L"PATH_CSV") == other.wstring() + L"\\");
+    bench.OpenExport().Accept(L"second");  // the dialog starts where the first one was saved
+    bench.DismissNotice();
+    CHECK(ReadBytes(other / L"second.csv") == expected);
+    bench.program.Exit();
+}
+
+TEST_CASE("an export that cannot be written says nothing and changes nothing") {
+    const std::filesystem::path folder = FreshScratchFolder(), other = folder / L"other";
+    std::filesystem::create_directories(other);
+    const std::filesystem::path file = ThreeLevelsFile(), kept = other / L"kept.csv";
+    WriteBytes(kept, "mine");
+    SetReadOnly(kept, true);
+    Bench bench(file, {{L"PATH_CSV", folder.wstring() + L"\\"}});
+    const FileDialog dialog = bench.OpenExport();
+    dialog.Box().Item(1148).SetText(kept.wstring());
+    Click(dialog.Box().Item(IDOK));
+    const Window question = bench.program.Running().WaitForWindow(
+        "the question about overwriting",
+        [](const Window& window) { return window.FindItem(IDYES) && window.FindItem(IDNO); });
+    Click(question.Item(IDYES));
+    WaitFor("the view", [&] { return bench.view.Enabled(); });
+    CHECK(bench.program.Running().Windows().size() == 3);  // the main window, the viewer and the view
+    CHECK(ReadBytes(kept) == "mine");
+    CHECK(StoredSetting(L"PATH_CSV") == folder.wstring() + L"\\");
+    SetReadOnly(kept, false);
+    std::filesystem::remove(kept);
     bench.program.Exit();
 }
 

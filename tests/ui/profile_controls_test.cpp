@@ -336,14 +336,21 @@ TEST_CASE("a profile is exported to the file that the user names, and to none wh
         CHECK(dialog.Name().ends_with(L"one.colour_V3(RGB).csv"));
         dialog.Accept((other / L"mine").wstring());
     }
-    const Window notice = WaitForNotice(bench.program);
-    CHECK(notice.Text() == L"Pixora : Information");
-    CHECK(NoticeText(notice) == L"CSV file has been saved.");
-    PressOk(notice);
-    CHECK(ReadBytes(other / L"mine.csv") ==
-          "Loacation,Value (R),Value (G),Value (B)\r\n0,200,120,40\r\n1,200,120,40\r\n2,200,120,40\r\n"
-          "3,200,120,40\r\n");
+    const auto dismiss_notice = [&] {
+        const Window notice = WaitForNotice(bench.program);
+        CHECK(notice.Text() == L"Pixora : Information");
+        CHECK(NoticeText(notice) == L"CSV file has been saved.");
+        PressOk(notice);
+        WaitFor("the view", [&] { return bench.view.Enabled(); });
+    };
+    dismiss_notice();
+    const std::string expected =
+        "Loacation,Value (R),Value (G),Value (B)\r\n0,200,120,40\r\n1,200,120,40\r\n2,200,120,40\r\n"
+        "3,200,120,40\r\n";
+    CHECK(ReadBytes(other / L"mine.csv") == expected);
     CHECK(StoredSetting(L"PATH_CSV") == other.wstring() + L"\\");
-    WaitFor("the view", [&] { return bench.view.Enabled(); });
+    open_dialog().Accept(L"second");  // the dialog starts where the first one was saved
+    dismiss_notice();
+    CHECK(ReadBytes(other / L"second.csv") == expected);
     bench.program.Exit();
 }
