@@ -45,15 +45,12 @@ bool PartSink::Take(std::span<const std::uint16_t> samples, std::size_t channels
     }
     const auto image_width = static_cast<std::size_t>(image_width_);
     while (!samples.empty() && row_ < static_cast<std::size_t>(image_height_)) {
-        const std::size_t pixels = std::min(samples.size() / channels, image_width - column_);
+        const std::size_t pixels = std::min(samples.size() / channels, RowsAtOnce() * image_width - column_);
         if (const std::optional<std::size_t> row = RowInPart())
             KeepPart(samples.first(pixels * channels), channels, *row);
         samples = samples.subspan(pixels * channels);
-        column_ += pixels;
-        if (column_ == image_width) {
-            column_ = 0;
-            ++row_;
-        }
+        row_ += (column_ + pixels) / image_width;
+        column_ = (column_ + pixels) % image_width;
     }
     return true;
 }
@@ -65,8 +62,17 @@ std::optional<std::size_t> PartSink::RowInPart() const {
     return static_cast<std::size_t>(row - part_.top);
 }
 
+// From the current row on, how many can be kept as if they were one.
+std::size_t PartSink::RowsAtOnce() const {
+    const bool whole = order_ == RowOrder::top_down && part_.left == 0 && part_.right == image_width_ - 1;
+    const int row = static_cast<int>(row_);
+    return whole && row >= part_.top && row <= part_.bottom ? static_cast<std::size_t>(part_.bottom - row) + 1
+                                                            : 1;
+}
+
 // `run` begins at the current column.
 void PartSink::KeepPart(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row) {
+    if (RowsAtOnce() > 1) return Keep(run, channels, row, column_);
     const auto left = static_cast<std::size_t>(part_.left), right = static_cast<std::size_t>(part_.right);
     const std::size_t first = std::max(column_, left);
     const std::size_t end = std::min(column_ + run.size() / channels, right + 1);

@@ -43,7 +43,8 @@ protected:
 
     /// Before the first samples of the part, with Part() known. @return false without the memory for it.
     [[nodiscard]] virtual bool Start() = 0;
-    /// Samples of the part that lie in one of its rows. @param row, column  in the part.
+    /// Samples of the part, from one place in it to the end of that row at most; or, when the part is as wide
+    /// as the image and comes from the top, also of the rows that follow. @param row, column  in the part.
     virtual void Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row,
                       std::size_t column) = 0;
 
@@ -61,6 +62,7 @@ protected:
 
 private:
     [[nodiscard]] std::optional<std::size_t> RowInPart() const;
+    [[nodiscard]] std::size_t RowsAtOnce() const;
     void KeepPart(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row);
 
     std::optional<Region> wanted_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 #include "base/bytes.h"
@@ -94,10 +95,9 @@ public:
     bool TakeBytes(std::span<const std::byte> bytes) {
         colour_ = colour_ || HasColour(bytes);
         if (!next_) return !colour_;
-        constexpr std::size_t kPiece = 3072;  // stays in the nearest cache on its way to `next`
-        samples_.resize(kPiece);
-        for (std::size_t at = 0; at < bytes.size(); at += kPiece) {
-            const auto piece = bytes.subspan(at, std::min(kPiece, bytes.size() - at));
+        samples_.resize(kPieceSamples);
+        for (std::size_t at = 0; at < bytes.size(); at += kPieceSamples) {
+            const auto piece = bytes.subspan(at, std::min(kPieceSamples, bytes.size() - at));
             const auto samples = std::span(samples_).first(piece.size());
             DecodePixels(PixelLayout::mono8, piece, samples);
             if (!Pass(samples, 3)) return false;
@@ -109,7 +109,7 @@ public:
 
 private:
     bool Pass(std::span<const std::uint16_t> samples, std::size_t channels) {
-        if (!next_) return !colour_;
+        if (!next_) return !colour_ && channels == 3;
         stopped_ = !next_->Take(samples, channels);
         return !stopped_;
     }
@@ -123,11 +123,16 @@ private:
 
 void Read32(File& source, const BmpHeader& header, SampleSink& sink) {
     const std::uint64_t bytes = std::uint64_t{4} * header.width * header.height;
-    std::vector<std::uint16_t> samples;
+    constexpr std::size_t kPieceBytes = kPieceSamples / 3 * 4;
+    std::vector<std::uint16_t> samples(kPieceSamples);
     static_cast<void>(ForEachBlock(source, bytes, 4, [&](auto, std::span<const std::byte> whole) {
-        samples.resize(whole.size() / 4 * 3);
-        DecodePixels(PixelLayout::bgrx8, whole, samples);
-        return sink.Take(samples, 3);
+        for (std::size_t at = 0; at < whole.size(); at += kPieceBytes) {
+            const auto piece = whole.subspan(at, std::min(kPieceBytes, whole.size() - at));
+            const auto decoded = std::span(samples).first(piece.size() / 4 * 3);
+            DecodePixels(PixelLayout::bgrx8, piece, decoded);
+            if (!sink.Take(decoded, 3)) return false;
+        }
+        return true;
     }));
 }
 
@@ -142,24 +147,60 @@ void Read24(File& source, const BmpHeader& header, ColourWatch& sink) {
     static_cast<void>(ForEachBlock(source, std::uint64_t{stride} * header.height, stride, take_rows));
 }
 
-// Bottom-up rows go through the palette, always 256 entries from a fixed place, and are padded to four bytes.
+// The palette of an 8-bit file: always 256 entries, from a fixed place.
+class Palette {
+public:
+    explicit Palette(File& source) {
+        std::array<std::byte, 4 * kEntries> bytes{};
+        if (source.Seek(kPaletteOffset)) static_cast<void>(source.Read(bytes));
+        for (std::size_t i = 0; i < kEntries; ++i) {
+            DecodePixels(PixelLayout::mono8, std::span(bytes).subspan(4 * i, 3),
+                         std::span(entries_[i]).first(3));
+            grey_ = grey_ && !HasColour(std::span(bytes).subspan(4 * i, 3));
+            plain_ = plain_ && grey_ && entries_[i][0] == i;
+        }
+    }
+
+    /// Samples a pixel: one when all entries are grey.
+    [[nodiscard]] std::size_t Channels() const { return grey_ ? 1 : 3; }
+    void Decode(std::span<const std::byte> indices, std::uint16_t* samples) const {
+        if (plain_) return DecodePixels(PixelLayout::mono8, indices, {samples, indices.size()});
+        if (grey_) {
+            for (const std::byte index : indices)
+                *samples++ = entries_[std::to_integer<std::size_t>(index)][0];
+            return;
+        }
+        // The fourth sample of an entry is overwritten by the next pixel.
+        for (const std::byte index : indices) {
+            std::memcpy(samples, entries_[std::to_integer<std::size_t>(index)].data(), kEntryBytes);
+            samples += 3;
+        }
+    }
+
+private:
+    static constexpr std::size_t kEntries = 256;
+    using Entry = std::array<std::uint16_t, 4>;
+    static constexpr std::size_t kEntryBytes = sizeof(Entry);
+    std::array<Entry, kEntries> entries_{};
+    bool grey_ = true;
+    bool plain_ = true;  // each index is its own level
+};
+
+// Bottom-up rows go through the palette and are padded to four bytes.
 void Read8BottomUp(File& source, const BmpHeader& header, SampleSink& sink) {
-    std::array<std::byte, std::size_t{256} * 4> palette{};
-    if (source.Seek(kPaletteOffset)) static_cast<void>(source.Read(palette));
+    const Palette palette(source);
     if (!source.Seek(header.data_offset)) return;
     const auto stride = static_cast<std::size_t>(Bmp8Stride(header.width));
-    std::vector<std::uint16_t> samples(std::size_t{3} * header.width);
+    std::vector<std::uint16_t> samples(palette.Channels() * header.width + 1);
+    const auto row_samples = std::span(samples).first(samples.size() - 1);
     const auto take_rows = [&](std::span<const std::byte> got, std::span<const std::byte> whole) {
         for (std::size_t row = 0; row < whole.size(); row += stride) {
             // A row that is cut off ends there; its missing pixels are no indices into the palette.
             const std::size_t pixels = std::min<std::size_t>(header.width, got.size() - row);
-            std::ranges::fill(samples, std::uint16_t{0});
-            for (std::size_t x = 0; x < pixels; ++x) {
-                const std::size_t entry = 4 * std::to_integer<std::size_t>(whole[row + x]);
-                DecodePixels(PixelLayout::mono8, std::span(palette).subspan(entry, 3),
-                             std::span(samples).subspan(3 * x, 3));
-            }
-            if (!sink.Take(samples, 3)) return false;
+            if (pixels < header.width) std::ranges::fill(samples, std::uint16_t{0});
+            palette.Decode(whole.subspan(row, pixels), samples.data());
+            if (pixels < header.width && palette.Channels() == 3) samples[3 * pixels] = 0;
+            if (!sink.Take(row_samples, palette.Channels())) return false;
         }
         return true;
     };

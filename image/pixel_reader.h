@@ -47,7 +47,7 @@ public:
             const auto [got, whole] = file_.ReadUnits(block.first(wanted), unit_.bytes);
             if (got == 0) return true;
             if (!visitor.See(block.first(got))) return false;
-            const std::size_t piece = kPieceUnits * unit_.bytes;
+            const std::size_t piece = kPieceSamples / ChannelsOf(layout_) / unit_.pixels * unit_.bytes;
             for (std::size_t at = 0; at < whole; at += piece)
                 visitor.Take(Decode(at, std::min(piece, whole - at)));
             if (!visitor.Keep(std::span(block_).first(whole / 2))) return false;
@@ -58,10 +58,6 @@ public:
     }
 
 private:
-    // Pieces of this size stay in the processor's nearest cache while each step of the conversion passes over
-    // them.
-    static constexpr std::size_t kPieceUnits = 1024;
-
     std::span<std::uint16_t> Decode(std::size_t at, std::size_t bytes) {
         if (StoresWords(layout_)) {
             const auto words = std::span(block_).subspan(at / 2, bytes / 2);

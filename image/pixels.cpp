@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "image/pixels_x86.h"
+#include "image/unpack_x86.h"
 
 namespace pixora {
 namespace {
@@ -58,6 +59,10 @@ void Bgrx8(std::span<const std::byte> stored, std::span<std::uint16_t> samples) 
 }  // namespace
 
 void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::span<std::uint16_t> samples) {
+    const std::size_t done = x86::Unpack(layout, stored, samples);
+    const PixelUnit unit = UnitOf(layout);
+    stored = stored.subspan(done);
+    samples = samples.subspan(done / unit.bytes * unit.pixels * ChannelsOf(layout));
     switch (layout) {
         case PixelLayout::mono8:
             return Mono8(stored, samples);

@@ -57,6 +57,10 @@ struct PixelUnit {
     return UnitOf(layout).bytes == 2 * ChannelsOf(layout);
 }
 
+/// How many samples are best decoded at a time: a piece stays in the processor's nearest cache while each
+/// step of a conversion passes over it. Whole pixels and units of every layout, and whole registers.
+inline constexpr std::size_t kPieceSamples = 7680;
+
 /// Decodes whole units of a layout that does not store words.
 /// @param stored   a whole number of units.
 /// @param samples  as many pixels as the units hold, ChannelsOf(layout) samples each, colour as blue, green,

@@ -1,6 +1,47 @@
 #include "image/valid_bits.h"
 
 namespace pixora {
+namespace {
+
+// The compiler makes of each loop as many samples at a time as the processor's registers hold.
+#if defined(__GNUC__) && defined(__x86_64__)
+#define PIXORA_INLINE __attribute__((always_inline)) inline
+#define PIXORA_AVX2 __attribute__((target("avx2")))
+#else
+#define PIXORA_INLINE inline
+#endif
+
+// The bits in which any sample differs from `first`.
+PIXORA_INLINE std::uint16_t DifferingBits(std::span<const std::uint16_t> samples, std::uint16_t first) {
+    std::uint16_t differing = 0;
+    for (const std::uint16_t sample : samples) differing |= static_cast<std::uint16_t>(sample ^ first);
+    return differing;
+}
+
+PIXORA_INLINE void ShiftDown(std::span<std::uint16_t> samples, int shift) {
+    for (std::uint16_t& sample : samples) sample = static_cast<std::uint16_t>(sample >> shift);
+}
+
+#ifdef PIXORA_AVX2
+bool HasAvx2() {
+    static const bool has = __builtin_cpu_supports("avx2") != 0;
+    return has;
+}
+PIXORA_AVX2 std::uint16_t DifferingBitsAvx2(std::span<const std::uint16_t> samples, std::uint16_t first) {
+    return DifferingBits(samples, first);
+}
+PIXORA_AVX2 void ShiftDownAvx2(std::span<std::uint16_t> samples, int shift) {
+    ShiftDown(samples, shift);
+}
+#else
+constexpr bool HasAvx2() {
+    return false;
+}
+constexpr auto DifferingBitsAvx2 = DifferingBits;
+constexpr auto ShiftDownAvx2 = ShiftDown;
+#endif
+
+}  // namespace
 
 void ValidBitsDetector::Add(std::span<const std::uint16_t> samples) {
     if (samples.empty() || Bits() == 16) return;  // nothing can change 16 any more
@@ -8,9 +49,7 @@ void ValidBitsDetector::Add(std::span<const std::uint16_t> samples) {
         has_first_ = true;
         first_ = samples.front();
     }
-    std::uint16_t differing = differing_;
-    for (const std::uint16_t sample : samples) differing |= static_cast<std::uint16_t>(sample ^ first_);
-    differing_ = differing;
+    differing_ |= HasAvx2() ? DifferingBitsAvx2(samples, first_) : DifferingBits(samples, first_);
 }
 
 int ValidBitsDetector::Bits() const {
@@ -25,7 +64,10 @@ bool ScaleToValidBits(std::span<std::uint16_t> samples, int valid_bits) {
     if (!IsValidBitCount(valid_bits)) return false;
     const int shift = 16 - valid_bits;
     if (shift == 0) return true;
-    for (std::uint16_t& sample : samples) sample = static_cast<std::uint16_t>(sample >> shift);
+    if (HasAvx2())
+        ShiftDownAvx2(samples, shift);
+    else
+        ShiftDown(samples, shift);
     return true;
 }
 

@@ -27,7 +27,59 @@ Samples Random(std::size_t count) {
     return samples;
 }
 
+Stored RandomBytes(std::size_t count) {
+    Stored bytes(count);
+    const Samples samples = Random(count);
+    for (std::size_t i = 0; i < count; ++i) bytes[i] = static_cast<std::byte>(samples[i] & 0xFF);
+    return bytes;
+}
+
+// Sample `index` of packed 12-bit samples, as their digits stand one after another.
+std::uint16_t Packed12(const Stored& stored, std::size_t index) {
+    std::uint16_t value = 0;
+    for (std::size_t digit = 3 * index; digit < 3 * index + 3; ++digit) {
+        const auto byte = std::to_integer<unsigned>(stored[digit / 2]);
+        value = static_cast<std::uint16_t>(16 * value + (digit % 2 == 0 ? byte / 16 : byte % 16));
+    }
+    return value;
+}
+
+// What sample `i` of a decoded image must be.
+std::uint16_t Expected(PixelLayout layout, const Stored& stored, std::size_t i) {
+    const std::size_t turned = i / 3 * 3 + 2 - i % 3;
+    switch (layout) {
+        case PixelLayout::mono12:
+            return Packed12(stored, i);
+        case PixelLayout::rgb12:
+            return Packed12(stored, turned);
+        case PixelLayout::rgb8:
+            return std::to_integer<std::uint16_t>(stored[turned]);
+        case PixelLayout::bgrx8:
+            return std::to_integer<std::uint16_t>(stored[i / 3 * 4 + i % 3]);
+        default:
+            return std::to_integer<std::uint16_t>(stored[i]);
+    }
+}
+
 }  // namespace
+
+TEST_CASE("stored bytes become samples, whatever their number and place") {
+    for (const PixelLayout layout : {PixelLayout::mono8, PixelLayout::mono12, PixelLayout::rgb8,
+                                     PixelLayout::rgb12, PixelLayout::bgrx8}) {
+        const PixelUnit unit = UnitOf(layout);
+        for (const std::size_t units : Lengths()) {
+            CAPTURE(static_cast<int>(layout));
+            CAPTURE(units);
+            const Stored stored = RandomBytes(units * unit.bytes);
+            Samples samples(units * unit.pixels * ChannelsOf(layout));
+            DecodePixels(layout, stored, samples);
+            bool right = true;
+            for (std::size_t i = 0; i < samples.size(); ++i)
+                right = right && samples[i] == Expected(layout, stored, i);
+            CHECK(right);
+        }
+    }
+}
 
 TEST_CASE("red and blue change places in every pixel") {
     for (const std::size_t pixels : Lengths()) {
