@@ -8,6 +8,8 @@
 #include "tests/ui/support/histogram_view.h"
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
+#include "tests/ui/support/option_windows.h"
+#include "tests/ui/support/profile_view.h"
 #include "tests/ui/support/program.h"
 #include "tests/ui/support/sample_values.h"
 #include "tests/ui/support/texts.h"
@@ -281,11 +283,37 @@ TEST_CASE("the histogram follows the region, hides with the main window and clos
     program.Exit();
 }
 
-TEST_CASE("the title of a histogram shows the full path when the viewers do") {
-    Program program({.settings = {{L"CAP_STYLE", L"FULL"}}});
+TEST_CASE("the views take the caption style at once, and the settings of a histogram when they open") {
+    constexpr int kSimple = 1243, kFullPath = 1254, kLevelOff = 1260, kNoBinning = 1248;
+    Program program;
     const std::filesystem::path file = ThreeLevelsFile();
     const Window viewer = program.Open(file);
-    const Window view = OpenView(program, viewer, kViewHistogram);
-    CHECK(view.Text() == L"Histogram View - " + file.wstring() + L" [1]");
+    const Window row = OpenView(program, viewer, kViewHProfile),
+                 column = OpenView(program, viewer, kViewVProfile),
+                 view = OpenView(program, viewer, kViewHistogram);
+    const Window options = OpenOptions(program, kViewerOption);
+    const auto wait_for_titles = [&](const std::wstring& name) {
+        WaitFor("the titles", [&] {
+            return view.Text() == L"Histogram View - " + name + L" [1]" &&
+                   row.Text() == L"H-Profile View - " + name + L" [1]" &&
+                   column.Text() == L"V-Profile View - " + name + L" [1]";
+        });
+    };
+    wait_for_titles(L"three.levels.bmp");
+    Push(options, kFullPath);
+    wait_for_titles(file.wstring());
+    Push(options, kLevelOff);
+    Push(options, kNoBinning);
+    Push(options, kSimple);
+    wait_for_titles(L"three.levels.bmp");
+    CHECK(StoredSetting(L"HIS_BINNING") == L"OFF");
+    CHECK(StoredSetting(L"LVL_CURSOR") == L"OFF");
+    CHECK(view.Item(kHistBinning).Checked());
+    CHECK(view.ItemText(kHistOn) == L"OFF");
+    CloseWindow(view);
+    const Window again = OpenView(program, viewer, kViewHistogram);
+    CHECK_FALSE(again.Item(kHistBinning).Checked());
+    CHECK(again.ItemText(kHistOn) == L"ON");
+    CHECK(row.ItemText(kLevelOn) == L"OFF");
     program.Exit();
 }
