@@ -22,6 +22,15 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return Take(size);
 }
+// The library's own would come from somewhere else than what `delete` gives back here.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    ++allocations;
+    return std::malloc(size == 0 ? 1 : size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    ++allocations;
+    return std::malloc(size == 0 ? 1 : size);
+}
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }
