@@ -15,6 +15,7 @@
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/viewer_hands.h"
 #include "tests/ui/support/views.h"
+#include "tests/ui/support/wait.h"
 
 using namespace pixora::ui;
 
@@ -35,6 +36,7 @@ struct Depth {
     Labels quarters;
     const wchar_t* division;
     Labels levels;
+    std::uint32_t grid;  ///< levels from one line of a profile's grid to the next
 };
 
 constexpr Labels kQuarters8 = {L"64", L"128", L"192", L"256"}, kLevels8 = {L"255", L"192", L"128", L"64"};
@@ -48,16 +50,17 @@ constexpr Labels kQuarters16 = {L"16384", L"32768", L"49152", L"65536"},
                  kLevels16 = {L"65535", L"49152", L"32768", L"16384"};
 
 constexpr Depth kDepths[] = {
-    {8, 8, 128, 255, L"", L"", kQuarters8, L"X: 32 DN/div", kLevels8},
-    {12, 12, 2048, 4095, L"", L"", kQuarters12, L"X: 512 DN/div", kLevels12},
-    {16, 8, 128, 255, L" - Upper 8bit", L" (Upper 8 bits Valid)", kQuarters8, L"X: 32 DN/div", kLevels8},
+    {8, 8, 128, 255, L"", L"", kQuarters8, L"X: 32 DN/div", kLevels8, 32},
+    {12, 12, 2048, 4095, L"", L"", kQuarters12, L"X: 512 DN/div", kLevels12, 512},
+    {16, 8, 128, 255, L" - Upper 8bit", L" (Upper 8 bits Valid)", kQuarters8, L"X: 32 DN/div", kLevels8, 32},
     {16, 10, 512, 1023, L" - Upper 10bit", L" (Upper 10 bits Valid)", kQuarters10, L"X: 128 DN/div",
-     kLevels10},
+     kLevels10, 128},
     {16, 12, 2048, 4095, L" - Upper 12bit", L" (Upper 12 bits Valid)", kQuarters12, L"X: 512 DN/div",
-     kLevels12},
+     kLevels12, 512},
     {16, 14, 8192, 16383, L" - Upper 14bit", L" (Upper 14 bits Valid)", kQuarters14, L"X: 512 DN/div",
-     kLevels14},
-    {16, 16, 32768, 65535, L" - 16bit", L" (Upper 16 bits Valid)", kQuarters16, L"X: 512 DN/div", kLevels16},
+     kLevels14, 2048},
+    {16, 16, 32768, 65535, L" - 16bit", L" (Upper 16 bits Valid)", kQuarters16, L"X: 512 DN/div", kLevels16,
+     8196},
 };
 
 using Samples = std::vector<std::uint32_t>;
@@ -159,6 +162,29 @@ void CheckProfile(const Window& view, const Depth& depth, const std::wstring& na
     CHECK(view.ItemText(kLevelOn) == L"OFF");
 }
 
+/// Whether a row of a plot is a line of the grid, which is dotted, or the level cursor over one.
+bool IsGridRow(const Picture& plot, int y) {
+    int grey = 0, cursor = 0;
+    for (int x = 1; x < plot.width - 1; ++x) {
+        grey += plot.At(x, y) == Rgb(128, 128, 128);
+        cursor += plot.At(x, y) == kLevelPen;
+    }
+    return grey > plot.width / 4 || cursor == plot.width - 2;
+}
+
+/// The column's samples are 0, so its grid lies open but for the level cursor in the middle.
+void WaitForGridOfLevels(Program& program, const Window& column, const Depth& depth) {
+    const auto full_range = static_cast<double>(depth.most + 1);
+    WaitFor("the grid of levels", [&] {
+        const Picture plot = program.See(column.Item(kPlot));
+        for (std::uint32_t level = depth.grid; level < depth.most; level += depth.grid) {
+            const int y = plot.height - 1 - static_cast<int>(level * (plot.height / full_range));
+            if (!IsGridRow(plot, y) || IsGridRow(plot, y - 4)) return false;
+        }
+        return true;
+    });
+}
+
 void CheckStatistics(const Window& view, const std::wstring& format, bool colour) {
     CHECK(view.Text() == L" [1 ]  Statistics View ");
     CHECK(view.ItemText(kStatFormat) == L"Format = " + format);
@@ -231,6 +257,7 @@ TEST_CASE("all views of a grey image say what is true for its depth") {
         CAPTURE(depth.valid);
         const Views views(program, ImageFile(depth, false));
         CheckCommon(views, depth, false);
+        WaitForGridOfLevels(program, views.column, depth);
         WaitForFigures(views, depth, Values(depth, false));
         WaitForReadout(views, {L"Location = (2, 0)", L"", L"Value = " + std::to_wstring(depth.most), L""});
         for (const auto& [view, button] :
