@@ -77,10 +77,10 @@ void CHistogram::FollowLevel() {
 
 void CHistogram::FollowLines() {
     const ViewerState& state = State();
-    const HistogramLines lines =
-        HistogramLinesOf(state.measurement.statistics[StatisticsSlot(state.channel)]);
-    if (lines_ != lines) {
-        lines_ = lines;
+    const SampleStatistics& statistics = state.measurement.statistics[StatisticsSlot(state.channel)];
+    if (statistics_ != statistics) {
+        statistics_ = statistics;
+        const HistogramLines lines = HistogramLinesOf(statistics);
         SetText(IDC_HIST_MIN, lines.min);
         SetText(IDC_HIST_MAX, lines.max);
         SetText(IDC_HIST_MEAN, lines.mean);

@@ -66,7 +66,7 @@ private:
     std::optional<std::wstring> caption_style_;  ///< that the title was composed with
     std::optional<int> channel_;                 ///< on the channel button
     std::optional<std::uint32_t> level_shown_;   ///< last put into the "Level =" box
-    std::optional<HistogramLines> lines_;
+    std::optional<SampleStatistics> statistics_;
     std::optional<Frequency> frequency_;
     std::optional<Divisions> axis_;
 };

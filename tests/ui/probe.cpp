@@ -13,6 +13,7 @@
 #include <cwchar>
 #include <initializer_list>
 
+#include "tests/ui/probe_calls.h"
 #include "tests/ui/support/probe_block.h"
 
 namespace pixora::ui {
@@ -231,6 +232,11 @@ bool Serve(ProbeBlock& block) {
             return Watch(window);
         case ProbeTask::watched:
             return ReportWatched(block, window);
+        case ProbeTask::count_calls:
+            return CountCalls();
+        case ProbeTask::counted_calls:
+            *reinterpret_cast<CallCounts*>(block.data) = CountedCalls();
+            return true;
     }
     return false;
 }

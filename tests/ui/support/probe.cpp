@@ -140,6 +140,11 @@ WindowCounts Probe::Watched(const Window& window) {
     return *reinterpret_cast<const WindowCounts*>(block_->data);
 }
 
+CallCounts Probe::CountedCalls() {
+    Run(ProbeTask::counted_calls);
+    return *reinterpret_cast<const CallCounts*>(block_->data);
+}
+
 PauseBeforeEnd::PauseBeforeEnd(Probe& probe, const Window& main, std::wstring_view caption) : probe_(probe) {
     const DWORD id = main.ProcessId();
     paused_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbePausedName, id).c_str());

@@ -40,6 +40,10 @@ public:
     void Watch(const Window& window);
     /// What a watched window has done.
     [[nodiscard]] WindowCounts Watched(const Window& window);
+    /// Counts what the program asks the system for, from zero.
+    void CountCalls() { Run(ProbeTask::count_calls); }
+    /// What was counted since.
+    [[nodiscard]] CallCounts CountedCalls();
 
 private:
     friend class PauseBeforeEnd;

@@ -11,12 +11,14 @@ enum class ProbeTask : std::uint32_t {
     nothing,  ///< shows that the probe is there
     menu,     ///< lists the items of `menu`, or of the menu bar of `window`, sub-menus included
     drop,  ///< drops the files named in `data` (each with a final zero, one more zero at the end) on `window`
-    capture,   ///< copies the rectangle x, y, width, height of the client area of `window` into `data`
-    tooltips,  ///< lists the texts of all tooltips of the tooltip window `window`
-    font,      ///< copies the LOGFONTW of the font of control `window` into `data`
-    handles,   ///< counts the handles of the process into `data`, a HandleCounts
-    watch,     ///< counts from now on what `window` does
-    watched,   ///< copies what was counted of `window` into `data`, a WindowCounts
+    capture,        ///< copies the rectangle x, y, width, height of the client area of `window` into `data`
+    tooltips,       ///< lists the texts of all tooltips of the tooltip window `window`
+    font,           ///< copies the LOGFONTW of the font of control `window` into `data`
+    handles,        ///< counts the handles of the process into `data`, a HandleCounts
+    watch,          ///< counts from now on what `window` does
+    watched,        ///< copies what was counted of `window` into `data`, a WindowCounts
+    count_calls,    ///< counts from now on what the program asks the system for
+    counted_calls,  ///< copies what was counted into `data`, a CallCounts
 };
 
 /// How many handles the process holds. The system may not tell more than windows and menus of the latter.
@@ -31,6 +33,12 @@ struct WindowCounts {
     std::int32_t plots;   ///< paintings of controls that it draws itself, as plots
     std::int32_t paints;  ///< paintings of itself and of any of its controls, each perhaps more than once
     friend bool operator==(const WindowCounts&, const WindowCounts&) = default;
+};
+
+/// How often the program itself, not the system for it, has asked for memory or opened or read a file.
+struct CallCounts {
+    std::int32_t allocations, files, reads;
+    friend bool operator==(const CallCounts&, const CallCounts&) = default;
 };
 
 /// An item of a menu. The items of a sub-menu follow their parent, one deeper.
