@@ -8,6 +8,7 @@ the program's readers, statistics or writers does not repeat itself in the check
 """
 
 import fractions
+import itertools
 import json
 import math
 import pathlib
@@ -20,7 +21,7 @@ import tempfile
 import numpy as np
 
 import cli_behaviour
-from cli_images import VALID_BITS, Image, any_file
+from cli_images import VALID_BITS, Image, any_file, hard_files, write_large_flat
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SAMPLES = ROOT / "samples"
@@ -106,13 +107,12 @@ def check_stats(checks, image, random):
 
 
 def check_histograms(checks, image, random):
-    for choice in ("R", "G", "B", "RGB") if image.colour else ("RGB",):
-        region = image.regions(random)[4]
+    whole, *_, part = image.regions(random)
+    for choice, region in itertools.product(("R", "G", "B", "RGB") if image.colour else ("RGB",), (None, part)):
         out = checks.fresh("histogram.csv")
-        done = checks.run(
-            "histogram", image.path, "--out", out, "--channel", choice, "--region", ",".join(map(str, region))
-        )
-        arrays, words, _ = channel_arrays(image, region, choice)
+        extra = ["--region", ",".join(map(str, region))] if region else []
+        done = checks.run("histogram", image.path, "--out", out, "--channel", choice, *extra)
+        arrays, words, _ = channel_arrays(image, region or whole, choice)
         levels = 1 << image.depth
         counts = [np.bincount(array.reshape(-1), minlength=levels) for array in arrays]
         rows = (
@@ -120,7 +120,7 @@ def check_histograms(checks, image, random):
             for level in range(levels)
         )
         good = done.returncode == 0 and out.read_bytes() == csv(["Value", *words], rows)
-        checks.that(f"histogram {image.path.name} {choice}", good)
+        checks.that(f"histogram {image.path.name} {choice} {region or 'whole'}", good)
 
 
 def check_profiles(checks, image, random):
@@ -217,6 +217,35 @@ def check_image(checks, path, random, valid_bits=None):
         check_saved_regions(checks, image, random)
 
 
+def check_hard_images(checks, random):
+    for name, data, ending, valid_bits in hard_files():
+        path = checks.fresh(f"hard{ending}")
+        path.write_bytes(data)
+        before = checks.failed
+        image = Image(path, valid_bits)
+        checks.bits = ["--valid-bits", str(valid_bits)] if valid_bits else []
+        for check in (check_stats, check_histograms, check_profiles):
+            check(checks, image, random)
+        if checks.failed > before:
+            print(f"    ({name})")
+    checks.bits = []
+
+
+def check_large_flat(checks, width, height, value, counted):
+    """Counts beyond what a file has room for, or just within, and sums of many equal samples."""
+    path, out = checks.fresh("flat.bmp"), checks.fresh("histogram.csv")
+    write_large_flat(path, width, height, value)
+    done = checks.run("stats", path, "--format", "json")
+    expected = [{"name": "mono", "min": value, "max": value, "mean": value, "std": 0}]
+    what = f"{width} x {height} pixels of {value}"
+    checks.that(f"stats of {what}", done.returncode == 0 and json.loads(done.stdout)["channels"] == expected)
+    done = checks.run("histogram", path, "--out", out)
+    rows = ([str(level), counted if level == value else "0"] for level in range(256))
+    checks.that(f"histogram of {what}", done.returncode == 0 and out.read_bytes() == csv(["Value", "Freq."], rows))
+    out.unlink(missing_ok=True)
+    path.unlink()
+
+
 def main():
     if len(sys.argv) not in (2, 3):
         print(__doc__)
@@ -240,6 +269,10 @@ def main():
             check_image(checks, path, random, int(random.choice(VALID_BITS)))
         if checks.failed > before:
             print(f"    (seed {seed}; the file has {len(data)} bytes)")
+    check_hard_images(checks, random)
+    check_large_flat(checks, 10000, 10000, 200, "--------")
+    check_large_flat(checks, 3333, 30003, 255, "99999999")
+    check_large_flat(checks, 4000, 2500, 0, "10000000")
     cli_behaviour.check(checks, ROOT)
     shutil.rmtree(checks.folder)
     print(f"{checks.passed} passed, {checks.failed} failed")

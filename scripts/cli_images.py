@@ -185,3 +185,40 @@ def any_file(random):
     if random.integers(0, 6) == 0 and len(data) > least:
         data = data[: int(random.integers(least, len(data)))]
     return data, ".bmp" if kind.startswith("bmp") else ".tif"
+
+
+def hard_pixels(height, width, colour, most):
+    """What sums, counts and divisions go wrong on: one value, the least, the largest, two far apart, one pixel."""
+    shape = (height, width, 3) if colour else (height, width)
+    two = np.zeros(shape, np.int64)
+    two[:, : width // 2] = most
+    yield "all 0", np.zeros(shape, np.int64)
+    yield f"all {most}", np.full(shape, most)
+    yield f"all {most // 2}", np.full(shape, most // 2)
+    yield "the two ends", two
+    yield "one pixel", np.full((1, 1, 3) if colour else (1, 1), most)
+    yield "one pixel apart", np.where(np.arange(np.prod(shape)).reshape(shape) < (3 if colour else 1), 0, most)
+
+
+def hard_files():
+    """Grey and colour images of every depth: a name, the bytes, an ending and the valid bits to ask for."""
+    for colour in (False, True):
+        for bits, valid in ((8, 8), (12, 12), *((16, valid) for valid in VALID_BITS)):
+            for what, pixels in hard_pixels(40, 70, colour, (1 << valid) - 1):
+                name = f"{what}, {'colour' if colour else 'grey'}, {valid} of {bits} bits"
+                yield name, tiff(pixels << (bits - valid), bits), ".tif", valid if bits == 16 else None
+        for what, pixels in hard_pixels(40, 70, colour, 255):
+            three = pixels if colour else np.repeat(pixels[..., None], 3, axis=2)
+            yield f"{what}, {'colour' if colour else 'grey'} BMP", bmp(three, 24), ".bmp", None
+
+
+def write_large_flat(path, width, height, value):
+    """An 8-bit BMP of one grey: its palette says which, and the indices are all 0, which takes no room on the disk."""
+    palette = np.zeros((256, 4), np.uint8)
+    palette[0, :3] = value
+    rows = (width + 3) // 4 * 4 * height
+    head = struct.pack("<2sIHHI", b"BM", (1078 + rows) & 0xFFFFFFFF, 0, 0, 1078)
+    info = struct.pack("<IiiHHIIIIII", 40, width, height, 1, 8, 0, rows, 0, 0, 0, 0)
+    with path.open("wb") as file:
+        file.write(head + info + palette.tobytes())
+        file.truncate(1078 + rows)
