@@ -5,6 +5,7 @@
 #include "base/utf8.h"
 #include "cli/commands.h"
 #include "cli/concat.h"
+#include "cli/json.h"
 #include "cli/report.h"
 
 namespace pixora::cli {
@@ -75,17 +76,24 @@ std::vector<Field> FiguresOf(const SampleStatistics& statistics) {
 }
 
 std::string StatsJson(const std::string& file, const Region& region, const std::vector<Channel>& measured) {
-    std::string channels;
+    JsonWriter json;
+    json.BeginObject();
+    json.Add(TextField("file", file));
+    json.Name("region");
+    json.BeginArray();
+    for (const int edge : {region.left, region.top, region.right, region.bottom}) json.Number(edge);
+    json.EndArray();
+    json.Name("channels");
+    json.BeginArray();
     for (const Channel& channel : measured) {
-        std::vector<Field> fields = FiguresOf(channel.statistics);
-        fields.insert(fields.begin(), TextField("name", channel.name));
-        if (!channels.empty()) channels += ',';
-        channels += JsonObject(fields);
+        json.BeginObject();
+        json.Add(TextField("name", channel.name));
+        json.AddAll(FiguresOf(channel.statistics));
+        json.EndObject();
     }
-    return JsonObject({TextField("file", file),
-                       {"region", Concat({"[", RegionText(region), "]"})},
-                       {"channels", Concat({"[", channels, "]"})}}) +
-           "\n";
+    json.EndArray();
+    json.EndObject();
+    return json.Result() + "\n";
 }
 
 std::string StatsText(const std::string& file, const Region& region, const std::vector<Channel>& measured) {

@@ -67,33 +67,20 @@ void AddOut(::CLI::App& command, Typed& typed, const char* what, const char* typ
     command.add_option("--out", typed.out, what)->required()->type_name(type);
 }
 
-::CLI::App& AddCommand(::CLI::App& program, const char* name, const char* what, const char* example) {
-    ::CLI::App& command = *program.add_subcommand(name, what);
-    command.footer(std::string("Example: pixora-cli ") + example);
-    command.allow_windows_style_options(false);
-    return command;
-}
-
-void AddInfo(::CLI::App& program, Typed& typed) {
-    ::CLI::App& info =
-        AddCommand(program, "info", "Tell the format facts of images", "info *.tif --format json");
+void AddInfo(::CLI::App& info, Typed& typed) {
     AddFiles(info, true);
     AddValidBits(info, typed);
     AddFormat(info, typed);
 }
 
-void AddStats(::CLI::App& program, Typed& typed) {
-    ::CLI::App& stats = AddCommand(program, "stats", "Measure minimum, maximum, mean and deviation",
-                                   "stats flat.tif --region 10,10,109,59 --format csv");
+void AddStats(::CLI::App& stats, Typed& typed) {
     AddFiles(stats, true);
     AddRegion(stats, typed);
     AddValidBits(stats, typed);
     AddFormat(stats, typed);
 }
 
-void AddHistogram(::CLI::App& program, Typed& typed) {
-    ::CLI::App& histogram = AddCommand(program, "histogram", "Write the histogram of an image",
-                                       "histogram flat.tif --out flat.csv --channel G");
+void AddHistogram(::CLI::App& histogram, Typed& typed) {
     AddFiles(histogram, false);
     AddOut(histogram, typed, "the file to write", "CSV");
     AddChannel(histogram, typed);
@@ -101,9 +88,7 @@ void AddHistogram(::CLI::App& program, Typed& typed) {
     AddValidBits(histogram, typed);
 }
 
-void AddProfile(::CLI::App& program, Typed& typed) {
-    ::CLI::App& profile = AddCommand(program, "profile", "Write the samples along a row or a column",
-                                     "profile edge.tif --row 120 --out edge.csv");
+void AddProfile(::CLI::App& profile, Typed& typed) {
     AddFiles(profile, false);
     profile.add_option("--row", typed.row, "the row, from 0 at the top")->type_name("N");
     profile.add_option("--column", typed.column, "the column, from 0 at the left")->type_name("N");
@@ -113,19 +98,14 @@ void AddProfile(::CLI::App& program, Typed& typed) {
     AddValidBits(profile, typed);
 }
 
-void AddSaveRegion(::CLI::App& program, Typed& typed) {
-    ::CLI::App& save = AddCommand(program, "save-region", "Save a part of an image as a file of its own",
-                                  "save-region chart.tif --region 0,0,99,99 --out patch.tif");
+void AddSaveRegion(::CLI::App& save, Typed& typed) {
     AddFiles(save, false);
     AddRegion(save, typed);
     save.get_option("--region")->required()->description("inclusive, in image pixels");
     AddOut(save, typed, "the file to write; .tif or .tiff chooses TIFF, anything else BMP", "PATH");
 }
 
-void AddConvert(::CLI::App& program, Typed& typed) {
-    ::CLI::App& convert =
-        AddCommand(program, "convert", "Write the copies of an image that a viewer works with",
-                   "convert raw.tif --display raw.bmp --data raw.bin");
+void AddConvert(::CLI::App& convert, Typed& typed) {
     AddFiles(convert, false);
     convert.add_option("--display", typed.out, "24-bit picture")->required()->type_name("OUT.bmp");
     convert.add_option("--data", typed.data, "samples of a 16-bit TIFF, scaled to their valid bits")
@@ -133,13 +113,33 @@ void AddConvert(::CLI::App& program, Typed& typed) {
     AddValidBits(convert, typed);
 }
 
+struct CommandForm {
+    Command command;
+    std::string_view name, what, example;
+    void (*add_options)(::CLI::App&, Typed&);
+};
+
+constexpr CommandForm kCommands[] = {
+    {Command::info, "info", "Tell the format facts of images", "info *.tif --format json", AddInfo},
+    {Command::stats, "stats", "Measure minimum, maximum, mean and deviation",
+     "stats flat.tif --region 10,10,109,59 --format csv", AddStats},
+    {Command::histogram, "histogram", "Write the histogram of an image",
+     "histogram flat.tif --out flat.csv --channel G", AddHistogram},
+    {Command::profile, "profile", "Write the samples along a row or a column",
+     "profile edge.tif --row 120 --out edge.csv", AddProfile},
+    {Command::save_region, "save-region", "Save a part of an image as a file of its own",
+     "save-region chart.tif --region 0,0,99,99 --out patch.tif", AddSaveRegion},
+    {Command::convert, "convert", "Write the copies of an image that a viewer works with",
+     "convert raw.tif --display raw.bmp --data raw.bin", AddConvert},
+};
+
 void AddCommands(::CLI::App& program, Typed& typed) {
-    AddInfo(program, typed);
-    AddStats(program, typed);
-    AddHistogram(program, typed);
-    AddProfile(program, typed);
-    AddSaveRegion(program, typed);
-    AddConvert(program, typed);
+    for (const CommandForm& form : kCommands) {
+        ::CLI::App& command = *program.add_subcommand(std::string(form.name), std::string(form.what));
+        command.footer(Concat({"Example: pixora-cli ", form.example}));
+        command.allow_windows_style_options(false);
+        form.add_options(command, typed);
+    }
 }
 
 // Wrong usage that the parser itself does not see.
@@ -180,14 +180,12 @@ void TakeLine(const ::CLI::App& command, const Typed& typed, Options& options) {
 }
 
 Options TakeOptions(const ::CLI::App& program, const Typed& typed) {
-    constexpr std::array<std::string_view, 6> kCommands = {"info",    "stats",       "histogram",
-                                                           "profile", "save-region", "convert"};
     constexpr std::array<std::string_view, 6> kBits = {"auto", "8", "10", "12", "14", "16"};
     constexpr std::array<std::string_view, 3> kFormats = {"text", "csv", "json"};
     constexpr std::array<std::string_view, 4> kChannels = {"R", "G", "B", "RGB"};
     const ::CLI::App& command = *program.get_subcommands().front();
     Options options;
-    options.command = static_cast<Command>(ChoiceOf("", command.get_name(), kCommands));
+    options.command = std::ranges::find(kCommands, command.get_name(), &CommandForm::name)->command;
     for (const std::string& file : command.get_option("FILE")->results())
         options.files.push_back(Plain(file));
     if (std::ranges::count(options.files, "") > 0) throw Wrong{"the name of a file is empty"};

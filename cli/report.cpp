@@ -3,32 +3,10 @@
 #include <array>
 #include <charconv>
 
-#include "base/utf8.h"
-#include "cli/concat.h"
+#include "cli/json.h"
 
 namespace pixora::cli {
 namespace {
-
-std::string Escaped(char c) {
-    switch (c) {
-        case '"':
-            return "\\\"";
-        case '\\':
-            return "\\\\";
-        case '\n':
-            return "\\n";
-        case '\r':
-            return "\\r";
-        case '\t':
-            return "\\t";
-        default:
-            break;
-    }
-    const std::size_t code = static_cast<unsigned char>(c);
-    if (code >= 0x20) return {c};
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    return Concat({"\\u00", kDigits.substr(code / 16, 1), kDigits.substr(code % 16, 1)});
-}
 
 std::string Joined(const std::vector<Field>& fields, bool names) {
     std::string line;
@@ -47,12 +25,6 @@ std::string ShortestText(double value) {
     return error == std::errc{} ? std::string(digits.data(), end) : std::string("null");
 }
 
-std::string JsonText(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : Utf8FromWide(WideFromUtf8(text))) quoted += Escaped(c);
-    return quoted + '"';
-}
-
 std::string CsvField(std::string_view text) {
     if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
     std::string quoted = "\"";
@@ -61,12 +33,11 @@ std::string CsvField(std::string_view text) {
 }
 
 std::string JsonObject(const std::vector<Field>& fields) {
-    std::string object = "{";
-    for (const Field& field : fields) {
-        if (object.size() > 1) object += ',';
-        object += Concat({JsonText(field.name), ":", field.quoted ? JsonText(field.value) : field.value});
-    }
-    return object + '}';
+    JsonWriter json;
+    json.BeginObject();
+    json.AddAll(fields);
+    json.EndObject();
+    return json.Result();
 }
 
 std::string CsvHeader(const std::vector<Field>& fields) {

@@ -11,9 +11,6 @@ namespace pixora::cli {
 /// The shortest decimal that reads back to the same number.
 [[nodiscard]] std::string ShortestText(double value);
 
-/// A JSON string with its quotes. Bytes that are no UTF-8 become U+FFFD.
-[[nodiscard]] std::string JsonText(std::string_view text);
-
 /// A field of a CSV line: in quotes when it holds a comma, a quote or a line end.
 [[nodiscard]] std::string CsvField(std::string_view text);
 
@@ -21,7 +18,7 @@ namespace pixora::cli {
 struct Field {
     std::string_view name;
     std::string value;
-    bool quoted = false;  ///< a text in JSON; otherwise a number, a truth value or a ready piece of JSON
+    bool quoted = false;  ///< a text in JSON; otherwise a number or a truth value
 };
 
 [[nodiscard]] inline Field TextField(std::string_view name, std::string_view value) {
@@ -34,7 +31,7 @@ struct Field {
     return {name, value ? "true" : "false"};
 }
 
-/// An object without blanks and line ends, its fields in the given order.
+/// A JSON object without blanks and line ends, its fields in the given order.
 [[nodiscard]] std::string JsonObject(const std::vector<Field>& fields);
 /// A line of the names, and one of the values; each with its line end.
 [[nodiscard]] std::string CsvHeader(const std::vector<Field>& fields);
