@@ -15,8 +15,27 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
+/// The same windows where the system puts them.
+void ShowHere(const std::wstring& kind, const Texts& texts) {
+    const pixora::Message message{texts.at(0), texts.at(1), texts.at(2), texts.at(3)};
+    if (kind == L"error-here") pixora::CConfirmErr(pixora::ErrorBox(message), false).RunModal(nullptr);
+    if (kind == L"information-here")
+        pixora::CConfirmOK(pixora::InformationBox(message), false).RunModal(nullptr);
+    if (kind == L"question-here")
+        pixora::CConfirmYesCancel(pixora::QuestionBox(message), false).RunModal(nullptr);
+    if (kind != L"notice-here") return;
+    pixora::COneshotMsgPos notice(texts.at(0));
+    notice.keep_position = true;
+    notice.display_time_ms = 60'000;
+    notice.RunModal(nullptr);
+}
+
 /// Exit code 1 for an accepted question.
 int Show(const std::wstring& kind, const Texts& texts) {
+    if (kind.ends_with(L"-here")) {
+        ShowHere(kind, texts);
+        return 0;
+    }
     const auto message = [&] { return pixora::Message{texts.at(0), texts.at(1), texts.at(2), texts.at(3)}; };
     if (kind == L"error") pixora::ShowErrorBox(nullptr, message());
     if (kind == L"information") pixora::ShowInformation(nullptr, message());

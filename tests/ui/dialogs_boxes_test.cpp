@@ -150,6 +150,20 @@ TEST_CASE("the message windows place three lines, and move them up when the firs
     CHECK(host.WaitForEnd() == 0);
 }
 
+TEST_CASE("a message window that is not to be centred stays where the system puts it") {
+    const std::vector<std::wstring> texts = {L" : Error", L"one", L"two", L"three"};
+    for (const wchar_t* kind : {L"error-here", L"information-here", L"question-here", L"notice-here"}) {
+        CAPTURE(std::wstring(kind));
+        const Host host(kind, texts);
+        const RECT frame = host.Box().Frame();
+        // Far from the middle of the screen.
+        CHECK(frame.right < GetSystemMetrics(SM_CXSCREEN) / 2);
+        CHECK(frame.bottom < GetSystemMetrics(SM_CYSCREEN) / 2);
+        ClickCloseButton(host.Box());
+        CHECK(host.WaitForEnd() == 0);
+    }
+}
+
 TEST_CASE("a number out of its range is refused in words of its own, its case told the wrong way round") {
     struct Case {
         std::vector<std::wstring> input;

@@ -5,6 +5,7 @@
 
 #include "tests/ui/support/boxes.h"
 #include "tests/ui/support/image_files.h"
+#include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
 #include "tests/ui/support/texts.h"
 
@@ -27,6 +28,13 @@ std::wstring StoredText(const Window& window) {
     wchar_t text[256] = L"";
     InternalGetWindowText(window.Handle(), text, 256);
     return text;
+}
+
+/// The cursor as the program in front shows it.
+HCURSOR CursorNow() {
+    CURSORINFO info{};
+    info.cbSize = sizeof info;
+    return GetCursorInfo(&info) ? info.hCursor : nullptr;
 }
 
 std::optional<Window> FindWait(const Program& program) {
@@ -54,11 +62,16 @@ TEST_CASE("an image of 2048 x 2048 pixels shows the wait window, one row less do
     const PauseBeforeEnd pause(program.Inside(), program.Main(), kCaption);
     program.Open(GreyFile(L"2047.bmp", 2048, 2047), 1);
     CHECK_FALSE(pause.Reached());
+    Click(program.Item(kSizeLabel));
+    const HCURSOR arrow = CursorNow();
     program.Drop({GreyFile(L"2048.bmp", 2048, 2048)});
     WaitFor("the wait window", [&] { return pause.Reached(); });
     CheckWait(program);
+    const HCURSOR busy = CursorNow();
+    CHECK(busy != arrow);
     pause.GoOn();
     program.WaitForViewer(2);
+    WaitFor("the busy cursor to go", [&] { return CursorNow() != busy; });
     CHECK_FALSE(FindWait(program));
     CHECK_FALSE(pause.Reached());
     CHECK(program.Main().Enabled());

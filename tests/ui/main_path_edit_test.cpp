@@ -139,6 +139,41 @@ TEST_CASE("a typed path that cannot be opened is reported and the path before it
     program.Exit();
 }
 
+TEST_CASE("what is no file's path is refused by its name, blanks and quotes alone are nothing to open") {
+    struct Typed {
+        std::wstring text, name;
+    };
+    const std::wstring endless(400, L'x');
+    const std::filesystem::path file = MakePicture(L"good.bmp");
+    const std::filesystem::path folder = file.parent_path();
+    Program program;
+    program.Open(file);
+    for (const Typed& typed :
+         {Typed{folder.wstring(), folder.filename().wstring()}, Typed{L"50%", L"50%"},
+          Typed{L"\xFF15\xFF10.bmp", L"\xFF15\xFF10.bmp"}, Typed{L"what?.bmp|*", L"what?.bmp|*"},
+          Typed{L"\"half quoted.bmp", L"\"half quoted.bmp"},
+          Typed{L"Z:\\" + endless, ShownPath(endless.substr(0, 259), 38)}}) {
+        CAPTURE(typed.name);
+        BeginPathEdit(program);
+        TypePath(program, typed.text);
+        PressKey(VK_RETURN);
+        CHECK(DismissErrorBox(program) ==
+              ErrorTexts{L"Pixora  : Error   ", L"File: " + typed.name, L"Failed to Open Image File", L""});
+        CheckControls(program, false);
+        CHECK(program.Item(kPathBox).Text() == ShownPath(file));
+    }
+    for (const wchar_t* typed : {L"   ", L"\"\"", L" \"\" "}) {
+        CAPTURE(std::wstring(typed));
+        BeginPathEdit(program);
+        TypePath(program, typed);
+        PressKey(VK_RETURN);
+        WaitForNormalMode(program);
+        CHECK(program.Item(kPathBox).Text() == ShownPath(file));
+    }
+    CHECK(program.Viewers().size() == 1);
+    program.Exit();
+}
+
 TEST_CASE("a file dropped during path edit mode opens, the mode stays with the new path") {
     const std::filesystem::path first = MakePicture(L"first.bmp"), dropped = MakePicture(L"dropped.bmp");
     Program program;

@@ -7,6 +7,27 @@
 
 using namespace pixora::ui;
 
+namespace {
+
+/// The dialog behind the main window, which is never shown.
+Window HiddenDialog(const Program& program) {
+    struct Search {
+        const Program& program;
+        HWND found = nullptr;
+    } search{program};
+    const auto look = [](HWND handle, LPARAM search_address) -> BOOL {
+        auto& [owner, found] = *reinterpret_cast<Search*>(search_address);
+        const Window window(handle);
+        if (window.ProcessId() == owner.Running().Id() && window.Class() == L"#32770" && !window.Visible())
+            found = handle;
+        return TRUE;
+    };
+    EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+    return Window(search.found);
+}
+
+}  // namespace
+
 TEST_CASE("the main window has its title, its controls and their texts") {
     Program program;
     CHECK(program.Main().Text() == L"Pixora");
@@ -99,4 +120,17 @@ TEST_CASE("the menu's Exit leaves the program") {
     Program program;
     program.OpenMainMenu(L"&File").Choose(L"Exit (&E)");
     program.CheckEnded();
+}
+
+TEST_CASE("the hidden dialog that runs the main window shows About for its system command") {
+    Program program;
+    const Window hidden = HiddenDialog(program);
+    REQUIRE(hidden.Exists());
+    CHECK(hidden.Text() == L"Pixora");
+    constexpr WPARAM kAbout = 16;
+    hidden.Post(WM_SYSCOMMAND, kAbout);
+    PressOk(program.Running().WaitForWindow(
+        "the About box", [](const Window& window) { return window.Text() == L"About Pixora"; }));
+    CHECK_FALSE(hidden.Visible());
+    program.Exit();
 }

@@ -51,6 +51,20 @@ void ChooseSizeByKey(const Program& program, WORD key) {
     PressKey(key);
 }
 
+/// Presses a button that stores all settings and ends the program by force a little after it has begun to
+/// store: the more often the folder is looked at meanwhile, the later.
+void KillWhileStoring(const Program& program, const Window& button, int looks) {
+    const fs::file_time_type before = fs::last_write_time(SettingsFile());
+    button.Post(BM_CLICK);
+    WaitFor("the first replacement of the file",
+            [&] { return DataFiles().size() > 1 || fs::last_write_time(SettingsFile()) != before; });
+    for (int i = 0; i < looks; ++i) static_cast<void>(DataFiles());
+    constexpr UINT kKilled = 99;
+    SetWatch(nullptr);
+    REQUIRE(TerminateProcess(program.Running().Handle(), kKilled));
+    CHECK(program.Running().WaitForEnd() == kKilled);
+}
+
 const ErrorTexts kOpenFailed{L"Pixora  : Error   ", L"File: small.bmp", L"Failed to Open Image File", L""};
 
 }  // namespace
@@ -172,6 +186,37 @@ TEST_CASE("a folder in the place of the settings file leaves the defaults in mem
     CHECK(viewer.Text() == L"[1 ]  (50%) File Name : small.bmp");
     program.Exit();
     CHECK(fs::is_directory(SettingsFile()));
+}
+
+TEST_CASE("the program killed while it stores its settings leaves a whole file that the next start takes") {
+    struct Round {
+        int choice, looks;
+        const wchar_t *key, *value;
+    };
+    SettingValues values = TestSettings();
+    DeleteDataFolder();
+    WriteSettings({});
+    for (const Round& round : {Round{1260, 0, L"LVL_CURSOR", L"OFF"}, Round{1254, 5, L"CAP_STYLE", L"FULL"},
+                               Round{1248, 20, L"HIS_BINNING", L"OFF"}}) {
+        CAPTURE(round.choice);
+        // A file that lacks anything would be replaced with a notice, before the main window shows.
+        const Program program({.keep_data_folder = true});
+        CHECK(DataFiles() == std::vector<std::wstring>{L"Pixora.ini"});
+        constexpr int kViewerOptions = 32775;
+        program.Main().Command(kViewerOptions);
+        const Window dialog = program.Running().WaitForWindow(
+            "the dialog", [&](const Window& window) { return window.FindItem(round.choice).has_value(); });
+        KillWhileStoring(program, dialog.Item(round.choice), round.looks);
+        for (auto& [key, value] : values) {
+            const std::wstring stored = StoredSetting(key);
+            CHECK((stored == value || (key == round.key && stored == round.value)));
+            value = stored;
+        }
+    }
+    Program program({.keep_data_folder = true});
+    CHECK(DataFiles() == std::vector<std::wstring>{L"Pixora.ini"});
+    program.Exit();
+    for (const auto& [key, value] : values) CHECK(StoredSetting(key) == value);
 }
 
 TEST_CASE("a data folder that is lost while the program runs stops imports and is not made again") {

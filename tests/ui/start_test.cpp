@@ -1,6 +1,9 @@
 // Starting the program: splash page, settings file, clean-up, place on the screen, a second copy.
 #include <doctest/doctest.h>
 
+#include <filesystem>
+#include <memory>
+
 #include "tests/ui/support/boxes.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
@@ -135,4 +138,21 @@ TEST_CASE("a second copy says that the program is open and touches nothing") {
     CHECK(TemporaryCopies() == std::vector<std::wstring>{L"import_img_00.bmp"});
     CHECK(ReadBytes(SettingsFile()) == settings);
     program.Exit();
+}
+
+TEST_CASE("a copy that cannot tell whether it is the only one says so and touches nothing") {
+    DeleteDataFolder();
+    // What else bears the name that every copy takes.
+    const std::unique_ptr<void, decltype(&CloseHandle)> other(
+        CreateEventW(nullptr, TRUE, FALSE, L"Pixora.exe"), &CloseHandle);
+    REQUIRE(other);
+    const Process process(QuotedProgram() + L" \"" + Sample(L"bmp24-grey.bmp").wstring() + L'"');
+    SetWatch([&] { process.CheckAlive(); });
+    const Window box = process.WaitForPlainBox(L"\"Pixora\" found opening error");
+    CHECK(box.Text() == L"");
+    CHECK(process.Windows() == std::vector<Window>{box});
+    SetWatch(nullptr);
+    PressOk(box);
+    CHECK(process.WaitForEnd() == 0);
+    CHECK_FALSE(std::filesystem::exists(DataFolder()));
 }

@@ -91,10 +91,8 @@ TEST_CASE("a program that dies during a save leaves a file with every key") {
     const fs::path path = folder / "Pixora.ini";
     const Settings before = DefaultSettings(kOld);
     const Settings after = Changed();
-    // The sixteen values are written alike, so every eleventh moment meets each of them somewhere else.
-    constexpr int kStep = 11;
     bool killed = true;
-    for (int stop = 1; killed; stop += kStep) {
+    for (int stop = 1; killed; ++stop) {
         RemoveLeftOvers(folder);
         WriteDefaultSettingsFile(path, kOld);
         killed = KilledAt(stop, [&] { static_cast<void>(SaveSettings(path, after)); });
