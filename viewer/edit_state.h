@@ -34,7 +34,8 @@ struct EditState {
     /// As above, for the canvas; cleared by the viewer's tick.
     bool redraw_canvas = false;
     /// The coordinates dialog has given the region new coordinates. Set by the dialog alone (a click must not
-    /// end the mode it was made in); cleared by each view.
+    /// end the mode it was made in); the statistics view reads and clears its own, the others follow the
+    /// region itself.
     ViewFlags region_changed;
     /// A mode was ended by somebody else: asks the statistics view to show its button as off. Cleared by the
     /// view.
