@@ -217,6 +217,14 @@ std::string NoCommandText(const std::string& first) {
     return Concat({"there is no ", first.front() == '-' ? "option " : "command ", first});
 }
 
+// Said of arguments that belong to nothing; options are named before what may have been their values.
+std::string ExtraText(const std::vector<std::string>& extras) {
+    const auto option =
+        std::ranges::find_if(extras, [](const std::string& extra) { return extra.starts_with('-'); });
+    if (option != extras.end()) return Concat({"the command has no option ", *option});
+    return Concat({"there is no place for \"", extras.empty() ? std::string() : Plain(extras.front()), "\""});
+}
+
 }  // namespace
 
 std::string UsageLine(std::string_view what) {
@@ -262,7 +270,12 @@ std::variant<Options, Reply> ParseOptions(std::vector<std::string> arguments) {
         const auto commands = program.get_subcommands();
         return Reply{commands.empty() ? program.help() : commands.front()->help("pixora-cli")};
     } catch (const ::CLI::ParseError& error) {
-        const std::string what = program.get_subcommands().empty() ? NoCommandText(first) : error.what();
+        const auto commands = program.get_subcommands();
+        std::string what = error.what();
+        if (commands.empty())
+            what = NoCommandText(first);
+        else if (error.get_exit_code() == static_cast<int>(::CLI::ExitCodes::ExtrasError))
+            what = ExtraText(commands.front()->remaining());
         return Reply{UsageLine(what) + "Try pixora-cli --help.\n", true};
     } catch (const Wrong& wrong) {
         return Reply{UsageLine(wrong.what) + "Try pixora-cli --help.\n", true};

@@ -47,7 +47,8 @@ def check_usage(checks, image):
         what = f"wrong usage {' '.join(map(str, words[:1] + words[2:]))}: {done.returncode} {done.stderr.strip()}"
         known = done.stderr.startswith(("pixora-cli: ", f"{image}: ", f"{out}: "))
         checks.that(what, done.returncode == 2 and not done.stdout and known and not out.exists())
-    for words in (["--help"], ["--version"], *([c, "--help"] for c in ("info", "stats", "histogram", "profile"))):
+    commands = ("info", "stats", "histogram", "profile", "save-region", "convert")
+    for words in (["--help"], ["--version"], *([command, "--help"] for command in commands)):
         done = checks.run(*words)
         checks.that(f"{words}", done.returncode == 0 and "pixora-cli" in done.stdout and not done.stderr)
         checks.that(f"example of {words}", "version" in words[0] or "Example: pixora-cli" in done.stdout)
@@ -173,6 +174,44 @@ def check_outputs(checks, image):
     checks.that(f"a full disk under the results: {done.stderr}", good)
 
 
+def check_rights(checks, image):
+    """What the system forbids, as a user who may not do everything."""
+    folder = checks.folder / "rights"
+    folder.mkdir()
+    program, allowed, locked = folder / "pixora-cli", folder / "image.tif", folder / "locked.tif"
+    shutil.copy(checks.program, program)
+    for file in (allowed, locked):
+        shutil.copy(image, file)
+    locked.chmod(0)
+    (folder / "closed").mkdir()
+    (folder / "closed").chmod(0o555)
+    checks.folder.chmod(0o755)
+    other = {"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {}
+
+    def run(*words):
+        return subprocess.run([program, *words], cwd=folder, capture_output=True, text=True, timeout=60, **other)
+
+    done = run("stats", allowed.name, locked.name, allowed.name, "--format", "csv")
+    good = done.returncode == 1 and done.stdout.count(f"{allowed.name},mono,") == 2
+    checks.that(f"an unreadable file amid a batch: {done.stderr}",
+                good and done.stderr == "locked.tif: Failed to Open Image File\n")  # fmt: skip
+    for words in (["histogram", "--out"], ["profile", "--row", "0", "--out"],
+                  ["save-region", "--region", "0,0,1,1", "--out"], ["convert", "--display"]):  # fmt: skip
+        done = run(words[0], allowed.name, *words[1:], "closed/new")
+        good = done.returncode == 1 and done.stderr == "closed/new: the file cannot be written\n"
+        checks.that(f"{words[0]} to a read-only folder: {done.stderr}", good and not list(folder.glob("closed/*")))
+
+
+def check_channel_of_grey(checks, image):
+    for words in (["histogram"], ["profile", "--row", "1"]):
+        found = []
+        for choice in ([], ["--channel", "G"], ["--channel", "RGB"]):
+            out = checks.fresh("channel.csv")
+            done = checks.run(words[0], image, *words[1:], "--out", out, *choice)
+            found.append(out.read_bytes() if done.returncode == 0 else done.stderr)
+        checks.that(f"the channel of a grey image: {found}", found[0] and found[1:] == found[:1] * 2)
+
+
 def check_strip_table(checks):
     path = checks.fresh("strips.tif")
     data = with_tag(tiff(GREY, 8), 273, 0)
@@ -239,20 +278,48 @@ def check_stopping(checks):
     checks.that("a batch that is stopped", good and (not results or results.endswith(b"\n")))
 
 
+def run_examples(checks, folder):
+    environment = {**os.environ, "PATH": f"{folder}:{os.environ['PATH']}"}
+
+    def run(command):
+        return subprocess.run(command, shell=True, cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              text=True, timeout=60, env=environment)  # fmt: skip
+
+    (folder / "pixora-cli").symlink_to(checks.program)
+    return run
+
+
 def check_examples(checks, root):
-    """The commands of the manual, in its order, with the output that it shows."""
+    """The commands of the guide, in its order, with the output that it shows."""
     folder = checks.folder / "examples"
     folder.mkdir()
     (folder / "samples").symlink_to(root / "samples")
-    (folder / "pixora-cli").symlink_to(checks.program)
-    environment = {**os.environ, "PATH": f"{folder}:{os.environ['PATH']}"}
+    run = run_examples(checks, folder)
     blocks = re.findall(r"^    \$ (.*)\n((?:    (?!\$).*\n)*)", (root / "docs" / "cli.md").read_text(), re.M)
-    checks.that(f"{len(blocks)} examples in the manual", len(blocks) >= 8)
+    checks.that(f"{len(blocks)} examples in the guide", len(blocks) >= 8)
     for command, output in blocks:
-        done = subprocess.run(command, shell=True, cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                              text=True, timeout=60, env=environment)  # fmt: skip
-        expected = re.sub(r"^    ", "", output, flags=re.M)
+        done, expected = run(command), re.sub(r"^    ", "", output, flags=re.M)
         checks.that(f"example {command}: {done.stdout!r} instead of {expected!r}", done.stdout == expected)
+
+
+def check_short_examples(checks, root):
+    """The commands in the manual page and in every help text work on images as they assume them."""
+    folder = checks.folder / "short"
+    folder.mkdir()
+    run = run_examples(checks, folder)
+    for name in ("flat", "edge", "chart", "raw"):
+        (folder / f"{name}.tif").write_bytes(tiff(np.arange(210 * 220 * 3).reshape(210, 220, 3) % 65521, 16))
+    commands = re.findall(r"^\.Dl \$ (.*)$", (root / "docs" / "pixora-cli.1").read_text(), re.M)
+    checks.that(f"{len(commands)} examples in the manual page", len(commands) >= 2)
+    for words in ([], ["info"], ["stats"], ["histogram"], ["profile"], ["save-region"], ["convert"]):
+        text = subprocess.run([checks.program, *words, "--help"], capture_output=True, text=True, timeout=60).stdout
+        commands += re.findall(r"^Example: (.*)$", text, re.M)
+    for command in commands:
+        outs = re.findall(r"--(?:out|display|data) (\S+)", command)
+        done = run(command)
+        good = done.returncode == 0 and "Failed" not in done.stdout and (outs or "flat.tif" in done.stdout)
+        checks.that(f"example {command}: {done.stdout}", good and all((folder / out).stat().st_size > 0 for out in outs))
+    checks.that(f"{len(commands)} examples", len(commands) == 9)
 
 
 def check(checks, root):
@@ -262,7 +329,10 @@ def check(checks, root):
     check_refusals(checks, image)
     check_names(checks, image)
     check_outputs(checks, image)
+    check_rights(checks, image)
+    check_channel_of_grey(checks, image)
     check_strip_table(checks)
     check_many(checks, image)
     check_stopping(checks)
     check_examples(checks, root)
+    check_short_examples(checks, root)

@@ -73,6 +73,19 @@ public:
         if (sample.region) ShowPart(program, viewer_);
     }
 
+    /// The copies of the import, which stand in the data folder while the viewer is open.
+    void CompareCopies() const {
+        const fs::path display = folder_ / L"display.bmp", data = folder_ / L"data.bin";
+        const fs::path own_data = DataFolder() / L"import_img_00.bin";
+        std::wstring call = L"convert " + Quoted(Sample(sample_.name)) + L" --display " + Quoted(display);
+        if (fs::exists(own_data)) call += L" --data " + Quoted(data);
+        CAPTURE(call);
+        CHECK(RunCli(call) == 0);
+        CHECK((ReadBytes(DataFolder() / L"import_img_00.bmp") == ReadBytes(display)));
+        if (fs::exists(own_data)) CHECK((ReadBytes(own_data) == ReadBytes(data)));
+        CHECK(fs::exists(own_data) == (std::wstring_view(sample_.name).find(L"tiff16") == 0));
+    }
+
     void CompareHistogram() {
         const Window view = OpenView(program_, viewer_, kViewHistogram);
         if (sample_.channel >= 0) {
@@ -153,6 +166,7 @@ void CompareAll(const std::vector<Sampled>& samples) {
     for (const Sampled& sample : samples) {
         CAPTURE(std::wstring(sample.name));
         Comparison comparison(program, sample);
+        comparison.CompareCopies();
         comparison.CompareHistogram();
         comparison.CompareProfile();
         if (sample.region) comparison.CompareSavedRegion();

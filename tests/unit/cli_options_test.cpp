@@ -132,3 +132,10 @@ TEST_CASE("help and version are answers, not complaints") {
         CHECK(text.find("Example: pixora-cli " + std::string(command)) != std::string::npos);
     }
 }
+
+TEST_CASE("what is too much in a call is named") {
+    CHECK(Complaint({"convert", "a.tif", "--display", "b.bmp", "--region", "0,0,1,1"}) ==
+          "the command has no option --region");
+    CHECK(Complaint({"histogram", "a.tif", "b.tif", "--out", "c"}) == "there is no place for \"b.tif\"");
+    CHECK(Complaint({"histogram", "a.tif", "[b]", "--out", "c"}) == "there is no place for \"[b]\"");
+}
