@@ -22,9 +22,10 @@
 //   corner, move        set and cleared by the buttons of the statistics view, and cleared by REGION, by new
 //                       coordinates, by the viewer's quit menu and by the end of the statistics view; read by
 //                       clicks, the quit menu and the statistics view
-//   coordinates         set and cleared by H-V of the statistics view, and cleared like the two above and by
-//                       the end of the coordinates dialog; read by the viewer, which opens the dialog, by the
-//                       dialog, which closes without it, by clicks and by the statistics view
+//   coordinates         set and cleared by H-V of the statistics view, and cleared by its REGION, CORNER and
+//                       MOVE, by the viewer's quit menu and by the end of that view or of the dialog; read by
+//                       the viewer, which opens the dialog, by the dialog, which closes without it, by clicks
+//                       and by the statistics view
 //   coordinates_open    set and cleared by the coordinates dialog; read by the viewer before it opens one
 //   clicked             set by a left click in the image; read and cleared by the viewer's tick
 //   view_open           one for each view: set and cleared by the view, and set by the viewer as it opens
