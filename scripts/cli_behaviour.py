@@ -318,7 +318,8 @@ def check_short_examples(checks, root):
         outs = re.findall(r"--(?:out|display|data) (\S+)", command)
         done = run(command)
         good = done.returncode == 0 and "Failed" not in done.stdout and (outs or "flat.tif" in done.stdout)
-        checks.that(f"example {command}: {done.stdout}", good and all((folder / out).stat().st_size > 0 for out in outs))
+        made = all((folder / out).stat().st_size > 0 for out in outs)
+        checks.that(f"example {command}: {done.stdout}", good and made)
     checks.that(f"{len(commands)} examples", len(commands) == 9)
 
 
