@@ -32,8 +32,7 @@ public:
     /// Creates the window above all others, disables `owner` (when there is one), counts as a modal operation
     /// of it and serves messages until EndModal(). The window shows once OnInit() is through.
     /// @return the result given to EndModal(), IDCANCEL when the program quits meanwhile, or -1 when the
-    /// window
-    ///         could not be created.
+    ///         window could not be created.
     int RunModal(HWND owner);
     /// Creates the window, hidden unless its template is WS_VISIBLE, and returns at once.
     /// @return false when it could not be created.

@@ -6,16 +6,30 @@
 
 #include <commctrl.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
 #include "dialogs/windows/messages.h"
+#include "resources/resource.h"
 
 namespace {
 
 using Texts = std::vector<std::wstring>;
 
-/// The same windows where the system puts them.
+/// A window whose OK button fails as nobody expects it to.
+class Failing final : public pixora::Dialog {
+public:
+    Failing() : Dialog(IDD_CONFIRM_OK) {}
+
+private:
+    pixora::Handled OnCommand(const pixora::Command& command) override {
+        if (command.id == IDOK) throw std::bad_alloc();
+        return pixora::Handled::no;
+    }
+};
+
+/// The message windows where the system puts them.
 void ShowHere(const std::wstring& kind, const Texts& texts) {
     const pixora::Message message{texts.at(0), texts.at(1), texts.at(2), texts.at(3)};
     if (kind == L"error-here") pixora::CConfirmErr(pixora::ErrorBox(message), false).RunModal(nullptr);
@@ -37,6 +51,7 @@ int Show(const std::wstring& kind, const Texts& texts) {
         return 0;
     }
     const auto message = [&] { return pixora::Message{texts.at(0), texts.at(1), texts.at(2), texts.at(3)}; };
+    if (kind == L"failing") Failing().RunModal(nullptr);
     if (kind == L"error") pixora::ShowErrorBox(nullptr, message());
     if (kind == L"information") pixora::ShowInformation(nullptr, message());
     if (kind == L"question") return pixora::AskYesCancel(nullptr, message()) ? 1 : 0;

@@ -31,6 +31,7 @@ public:
     Host& operator=(const Host&) = delete;
 
     [[nodiscard]] const Window& Box() const { return box_; }
+    [[nodiscard]] const Process& Running() const { return process_; }
     /// Waits until the process has ended and returns its exit code.
     DWORD WaitForEnd() const {
         SetWatch(nullptr);
@@ -198,6 +199,22 @@ TEST_CASE("a number out of its range is refused in words of its own, its case to
         PressKey(VK_RETURN);
         CHECK(host.WaitForEnd() == 0);
     }
+}
+
+TEST_CASE("what fails unexpectedly in a window is told, and the window goes on") {
+    const Host host(L"failing", {});
+    for (int time = 0; time < 2; ++time) {
+        CAPTURE(time);
+        PressKey(VK_RETURN);
+        const Window box = host.Running().WaitForPlainBox(L"The operation could not be completed.");
+        CHECK(box.Text() == L"");
+        CHECK_FALSE(host.Box().Enabled());
+        PressOk(box);
+        WaitForKeyboard(host.Box());
+        CHECK(host.Box().Enabled());
+    }
+    PressKey(VK_ESCAPE);
+    CHECK(host.WaitForEnd() == 0);
 }
 
 TEST_CASE("a notice closes by itself after its time, or earlier by its close button") {
