@@ -26,6 +26,8 @@ TEST_CASE("File > Open opens the chosen file and keeps its folder for the next t
     const FileDialog dialog(program.Running());
     CHECK(dialog.Types() ==
           std::vector<std::wstring>{L"All Files(*.*)", L"BMP Files(*.bmp)", L"TIFF Files(*.tif;*.tiff)"});
+    CHECK(GetWindow(dialog.Box().Handle(), GW_OWNER) == program.Main().Handle());
+    CHECK((dialog.Box().ExtendedStyle() & WS_EX_TOPMOST) != 0);
     constexpr int kReadOnly = 1040;  // "Open as read-only" would promise what means nothing here
     const std::optional<Window> read_only = dialog.Box().FindItem(kReadOnly);
     CHECK_FALSE((read_only && read_only->Visible()));

@@ -28,6 +28,21 @@ TEST_CASE("a start-up path without quotes opens its viewer") {
     program.Exit();
 }
 
+TEST_CASE("a launcher that writes the program's name without quotes opens the path's viewer, too") {
+    const std::filesystem::path file = ScratchFile(L"from a launcher.bmp", BmpBytes(Chart(40, 30), 24));
+    DeleteDataFolder();
+    WriteSettings({});
+    const Process process(ProgramPath(), L"pixora.exe  \"" + file.wstring() + L'"');
+    SetWatch([&] { process.CheckAlive(); });
+    process.WaitForWindow("the splash page", IsSplash).Post(WM_CLOSE);
+    const Window viewer = process.WaitForWindow("the viewer", IsViewer);
+    WaitFor("its caption", [&] { return viewer.Text() == L"[1 ]  (100%) File Name : from a launcher.bmp"; });
+    const Window main = process.WaitForWindow("the main window", IsMainWindow);
+    SetWatch(nullptr);
+    main.Post(WM_CLOSE);
+    CHECK(process.WaitForEnd() == 0);
+}
+
 TEST_CASE("after a start with a path the path box is empty and RELOAD opens nothing") {
     const std::filesystem::path file = ScratchFile(L"first.bmp", BmpBytes(Chart(40, 30), 24));
     Program program({.arguments = L'"' + file.wstring() + L'"'});
