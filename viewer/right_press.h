@@ -9,6 +9,8 @@ class RightPress {
 public:
     /// The button went down in the viewer's client area.
     void Begin();
+    /// A press that began in the viewer has not been seen to end: only then does it matter what is held.
+    [[nodiscard]] bool Pressed() const { return pressed_; }
     /// One tick of the viewer.
     /// @param held     the button is down now, wherever the cursor is.
     /// @param editing  an edit mode is on.

@@ -75,3 +75,17 @@ TEST_CASE("every press can open the menu anew") {
     press.Begin();
     CHECK(MenuTick(press, 7) == 7);
 }
+
+TEST_CASE("it matters what is held from the press until the release, or a tick that sees the button up") {
+    RightPress press;
+    CHECK_FALSE(press.Pressed());
+    press.Begin();
+    CHECK(press.Pressed());
+    CHECK(MenuTick(press, 8) == 7);
+    CHECK(press.Pressed());
+    CHECK_FALSE(press.EndsAsClick());
+    CHECK_FALSE(press.Pressed());
+    press.Begin();
+    CHECK_FALSE(press.Tick(false, true));
+    CHECK_FALSE(press.Pressed());
+}

@@ -45,8 +45,8 @@ bool CDisplay::PickMarkInstead() {
 
 void CDisplay::FollowEditing() {
     // Posted, because ticks have to go on while the menu is open.
-    if (right_press_.Tick(RightButtonHeld(), AnyEditMode(*state_)))
-        PostMessageW(Window(), kQuitMenuMessage, 0, 0);
+    const bool held = right_press_.Pressed() && RightButtonHeld();
+    if (right_press_.Tick(held, AnyEditMode(*state_))) PostMessageW(Window(), kQuitMenuMessage, 0, 0);
     if (FollowEdits(*state_)) canvas_.Repaint();
     FollowCoordinates();
 }

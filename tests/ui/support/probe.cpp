@@ -145,6 +145,11 @@ CallCounts Probe::CountedCalls() {
     return *reinterpret_cast<const CallCounts*>(block_->data);
 }
 
+double Probe::ProcessorTime_s() {
+    Run(ProbeTask::times);
+    return static_cast<double>(*reinterpret_cast<const std::uint64_t*>(block_->data)) * 1e-7;
+}
+
 PauseBeforeEnd::PauseBeforeEnd(Probe& probe, const Window& main, std::wstring_view caption) : probe_(probe) {
     const DWORD id = main.ProcessId();
     paused_ = CreateEventW(nullptr, FALSE, FALSE, NameFor(kProbePausedName, id).c_str());

@@ -44,6 +44,8 @@ public:
     void CountCalls() { Run(ProbeTask::count_calls); }
     /// What was counted since.
     [[nodiscard]] CallCounts CountedCalls();
+    /// Seconds of processor time that the process has used.
+    [[nodiscard]] double ProcessorTime_s();
 
 private:
     friend class PauseBeforeEnd;

@@ -19,6 +19,7 @@ enum class ProbeTask : std::uint32_t {
     watched,        ///< copies what was counted of `window` into `data`, a WindowCounts
     count_calls,    ///< counts from now on what the program asks the system for
     counted_calls,  ///< copies what was counted into `data`, a CallCounts
+    times,  ///< copies the processor time of the process into `data`, in units of 100 ns, a std::uint64_t
 };
 
 /// How many handles the process holds. The system may not tell more than windows and menus of the latter.
