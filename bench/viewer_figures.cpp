@@ -70,7 +70,7 @@ int KernelHandlesOf(const Process& process) {
     return found;
 }
 
-double OwnProcessorTime_s() {
+double OwnProcessorSeconds() {
     FILETIME created{}, ended{}, kernel{}, user{};
     GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
     const auto whole = [](const FILETIME& time) {
@@ -81,7 +81,7 @@ double OwnProcessorTime_s() {
 
 /// What the system takes of a core only to deliver the ticks of that many windows, which do nothing then.
 double PercentOfEmptyTicks(int count) {
-    constexpr double kMeasured_s = 20;
+    constexpr double kMeasuredSeconds = 20;
     std::vector<HWND> windows;
     for (int i = 0; i < count; ++i) {
         windows.push_back(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 20, 20, nullptr,
@@ -89,11 +89,11 @@ double PercentOfEmptyTicks(int count) {
         SetTimer(windows.back(), 1, 100, nullptr);
         Sleep(11);  // as windows of the program, they tick at different moments
     }
-    const double wall = Seconds(), processor = OwnProcessorTime_s();
+    const double wall = Seconds(), processor = OwnProcessorSeconds();
     MSG message{};
-    while (Seconds() - wall < kMeasured_s && GetMessageW(&message, nullptr, 0, 0) > 0)
+    while (Seconds() - wall < kMeasuredSeconds && GetMessageW(&message, nullptr, 0, 0) > 0)
         DispatchMessageW(&message);
-    const double percent = 100 * (OwnProcessorTime_s() - processor) / (Seconds() - wall);
+    const double percent = 100 * (OwnProcessorSeconds() - processor) / (Seconds() - wall);
     for (HWND window : windows) DestroyWindow(window);
     return percent;
 }
@@ -128,13 +128,13 @@ double Median(std::vector<double> values) {
 /// One step of the wheel, until the pixels beside the cursor are those of the new size and stay.
 /// @return milliseconds.
 double WheelStep(POINT cursor, int delta, HDC screen) {
-    constexpr double kStay_s = 0.35;
+    constexpr double kStaySeconds = 0.35;
     const auto look = [&] { return GetPixel(screen, cursor.x + 150, cursor.y + 100); };
     COLORREF last = look();
     double changed = 0;
     const double start = Seconds();
     TurnWheel(cursor, delta);
-    while (changed == 0 ? Seconds() - start < 5 : Seconds() - changed < kStay_s) {
+    while (changed == 0 ? Seconds() - start < 5 : Seconds() - changed < kStaySeconds) {
         const COLORREF now = look();
         if (now == last) continue;
         last = now;
@@ -216,15 +216,15 @@ TEST_CASE("a wheel step and the painting of 100 megapixels") {
     ReleaseDC(nullptr, screen);
     std::printf("wheel to painted pixels: median %.0f ms, most %.0f ms\n", Median(steps),
                 *std::max_element(steps.begin(), steps.end()));
-    constexpr std::pair<int, const char*> kSizes[] = {{32806, "5 %"},  {32782, "10 %"},  {32783, "20 %"},
-                                                      {32786, "50 %"}, {32791, "100 %"}, {32793, "200 %"}};
-    for (const auto& [command, size] : kSizes) {
+    constexpr std::pair<int, int> kSizes[] = {{32806, 5},  {32782, 10},  {32783, 20},
+                                              {32786, 50}, {32791, 100}, {32793, 200}};
+    for (const auto& [command, percent] : kSizes) {
         viewer.Command(command);
-        const std::wstring caption = L"(" + std::to_wstring(std::atoi(size)) + L"%)";
+        const std::wstring caption = L"(" + std::to_wstring(percent) + L"%)";
         WaitFor("the size", [&] { return viewer.Text().find(caption) != std::wstring::npos; });
         const Window canvas = viewer.Controls().front();
         const RECT area = canvas.Client();
-        std::printf("painting at %-6s %5ld x %-5ld  %.1f ms\n", size, area.right - area.left,
+        std::printf("painting at %3d %%  %5ld x %-5ld  %.1f ms\n", percent, area.right - area.left,
                     area.bottom - area.top, PaintingTime(canvas));
     }
     program.Exit();
