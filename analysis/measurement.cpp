@@ -45,6 +45,29 @@ private:
     std::size_t step_, width_, count_;
 };
 
+// Pixels are counted in pieces of whole cache lines.
+constexpr std::size_t kPiecePixels = 32;
+constexpr std::size_t kAheadPixels = 21 * kPiecePixels;
+
+inline void PrefetchPiece([[maybe_unused]] const std::uint16_t* pixel) {
+#if defined(__GNUC__)
+    constexpr std::size_t kLineSamples = 32;
+    for (std::size_t line = 0; line < 3; ++line) __builtin_prefetch(pixel + line * kLineSamples);
+#endif
+}
+
+/// Calls `count` for pieces of a row, and asks for the memory of pieces further on: where the counters reach
+/// beyond the nearest cache, their traffic keeps the processor from fetching the samples ahead by itself.
+template <typename CountPiece>
+void ForEachPiece(const std::uint16_t* pixel, std::size_t pixels, CountPiece count) {
+    for (; pixels >= kAheadPixels + kPiecePixels; pixels -= kPiecePixels) {
+        PrefetchPiece(pixel + 3 * kAheadPixels);
+        count(pixel, kPiecePixels);
+        pixel += 3 * kPiecePixels;
+    }
+    count(pixel, pixels);
+}
+
 void CountColour(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* tables) {
     for (const std::uint16_t* const end = pixel + 3 * pixels; pixel != end; pixel += 3) {
         ++tables[pixel[0]];
@@ -53,18 +76,12 @@ void CountColour(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* 
     }
 }
 
-/// Where the second table of a grey image begins. Beyond 10 bits both are one: two would not fit the nearest
-/// cache, and the levels of such images hardly ever follow their like.
-std::size_t SecondTable(std::uint32_t bits) {
-    return BinCount(bits) <= 1024 ? kTableStride : 0;
-}
-
-void CountGrey(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* table, std::uint32_t* second) {
+void CountGrey(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* tables) {
     for (const std::uint16_t* const end = pixel + 6 * (pixels / 2); pixel != end; pixel += 6) {
-        ++table[pixel[0]];
-        ++second[pixel[3]];
+        ++tables[pixel[0]];
+        ++tables[kTableStride + pixel[3]];
     }
-    if (pixels % 2 != 0) ++table[pixel[0]];
+    if (pixels % 2 != 0) ++tables[pixel[0]];
 }
 
 /// One sample a pixel.
@@ -93,13 +110,17 @@ void Count(const SampleImage& image, const Region& part, Measurement& result) {
     std::uint32_t* const tables = result.tables.data();
     const Rows rows(image, part);
     if (!image.colour) {
-        std::uint32_t* const second = tables + SecondTable(image.bits);
-        rows.ForEach(
-            [&](const auto* first, std::size_t pixels) { CountGrey(first, pixels, tables, second); });
+        rows.ForEach([=](const auto* first, std::size_t pixels) {
+            ForEachPiece(first, pixels,
+                         [=](const auto* piece, std::size_t count) { CountGrey(piece, count, tables); });
+        });
         TakeGreyCounts(tables, result.counts[0]);
         return;
     }
-    rows.ForEach([&](const auto* first, std::size_t pixels) { CountColour(first, pixels, tables); });
+    rows.ForEach([=](const auto* first, std::size_t pixels) {
+        ForEachPiece(first, pixels,
+                     [=](const auto* piece, std::size_t count) { CountColour(piece, count, tables); });
+    });
     for (std::size_t place = 0; place < kColourTables; ++place)
         TakeCounts(tables + place * kTableStride, result.counts[place]);
 }
