@@ -51,13 +51,21 @@ void ChooseSizeByKey(const Program& program, WORD key) {
     PressKey(key);
 }
 
+/// When the settings file was written last; finer than the standard library tells.
+ULONGLONG WrittenAt() {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(SettingsFile().c_str(), GetFileExInfoStandard, &data)) return 0;
+    const FILETIME time = data.ftLastWriteTime;
+    return ULARGE_INTEGER{{time.dwLowDateTime, time.dwHighDateTime}}.QuadPart;
+}
+
 /// Presses a button that stores all settings and ends the program by force a little after it has begun to
 /// store: the more often the folder is looked at meanwhile, the later.
 void KillWhileStoring(const Program& program, const Window& button, int looks) {
-    const fs::file_time_type before = fs::last_write_time(SettingsFile());
+    const ULONGLONG before = WrittenAt();
     button.Post(BM_CLICK);
     WaitFor("the first replacement of the file",
-            [&] { return DataFiles().size() > 1 || fs::last_write_time(SettingsFile()) != before; });
+            [&] { return DataFiles().size() > 1 || WrittenAt() != before; });
     for (int i = 0; i < looks; ++i) static_cast<void>(DataFiles());
     constexpr UINT kKilled = 99;
     SetWatch(nullptr);
