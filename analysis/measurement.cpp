@@ -125,13 +125,11 @@ void Count(const SampleImage& image, const Region& part, Measurement& result) {
         TakeCounts(tables + place * kTableStride, result.counts[place]);
 }
 
-/// Statistics of several histograms as one set.
-SampleStatistics StatisticsOf(std::span<const std::vector<std::uint32_t>> histograms) {
+SampleSums SumsOf(const std::vector<std::uint32_t>& counts) {
     SampleSums sums;
-    for (const auto& counts : histograms)
-        for (std::size_t value = 0; value < counts.size(); ++value)
-            sums.Add(static_cast<std::uint16_t>(value), counts[value]);
-    return pixora::StatisticsOf(sums);
+    for (std::size_t value = 0; value < counts.size(); ++value)
+        sums.Add(static_cast<std::uint16_t>(value), counts[value]);
+    return sums;
 }
 
 bool HoldsWholeImage(const SampleImage& image) {
@@ -166,10 +164,13 @@ void Measure(const SampleImage& image, const Region& region, Measurement& result
         result.counts[place].assign(image.colour || place == 0 ? BinCount(image.bits) : 0, 0);
     if (empty) return;
     Count(image, part, result);
-    const std::span histograms(result.counts);
-    for (std::size_t place = 0; place < (image.colour ? kColourTables : 1); ++place)
-        result.statistics[place] = StatisticsOf(histograms.subspan(place, 1));
-    if (image.colour) result.statistics[3] = StatisticsOf(histograms);
+    SampleSums all;
+    for (std::size_t place = 0; place < (image.colour ? kColourTables : 1); ++place) {
+        const SampleSums sums = SumsOf(result.counts[place]);
+        result.statistics[place] = StatisticsOf(sums);
+        all.Add(sums);
+    }
+    if (image.colour) result.statistics[3] = StatisticsOf(all);
 }
 
 void SampleCounter::Begin() {
