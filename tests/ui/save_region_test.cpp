@@ -64,8 +64,7 @@ void KeepForOthers(const std::filesystem::path& file, const std::filesystem::pat
     if (length == 0 || length >= MAX_PATH) return;
     std::wstring name = source.stem().wstring();
     name += file == source ? L".source" + file.extension().wstring() : file.extension().wstring();
-    std::filesystem::copy_file(file, std::filesystem::path(folder) / name,
-                               std::filesystem::copy_options::overwrite_existing);
+    WriteBytes(std::filesystem::path(folder) / name, ReadBytes(file));
 }
 
 struct Kind {
