@@ -72,12 +72,14 @@ void HistogramPainter::FillColumns(const DrawnBins& bins, const HistogramScale& 
     columns_.assign(static_cast<std::size_t>(std::max(scale.width, 0)), {});
     const double step = BinStep(scale), count_step = CountStep(scale);
     const int inside = scale.width - 1;  // the frame's right edge
+    if (inside <= 1) return;
     int left = ColumnOfBin(0, step);
     for (std::size_t bin = 0; bin < bins.counts.size(); ++bin) {
         const int right = ColumnOfBin(static_cast<std::int64_t>((bin + 1) * bins.group), step);
         const int height =
             std::clamp(Truncate(bins.counts[bin] * count_step), 0, std::max(scale.height - 2, 0));
-        for (int x = left; x < std::min(std::max(right, left + 1), inside); ++x) {
+        // Deliberate: bins on the frame or beyond it are drawn beside it, so that saturation is seen.
+        for (int x = std::min(left, inside - 1); x < std::min(std::max(right, left + 1), inside); ++x) {
             Column& column = columns_[static_cast<std::size_t>(x)];
             column.low = column.used ? std::min(column.low, height) : height;
             column.high = std::max(column.high, height);

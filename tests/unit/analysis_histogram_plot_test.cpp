@@ -34,6 +34,19 @@ PlotColour BoxAt(const Plot& plot, int x, int y) {
     return colour;
 }
 
+/// What all lines of the grid in one direction have in common: where they begin and end.
+struct Span {
+    int from = 0, to = 0;
+    friend bool operator==(const Span&, const Span&) = default;
+};
+
+std::vector<Span> HorizontalSpans(const Plot& plot) {
+    std::vector<Span> spans;
+    for (const PlotLine& line : plot.grid)
+        if (line.from.y == line.to.y) spans.push_back({line.from.x, line.to.x});
+    return spans;
+}
+
 std::vector<int> HorizontalLines(const Plot& plot) {
     std::vector<int> rows;
     for (const PlotLine& line : plot.grid)
@@ -82,6 +95,37 @@ TEST_CASE("nothing is drawn on or beyond the frame") {
     }
 }
 
+TEST_CASE("bins that lie on the frame or beyond it are drawn in the last column inside") {
+    HistogramPainter painter;
+    for (const std::uint32_t bits : {8u, 16u}) {
+        std::vector<std::uint32_t> counts(BinCount(bits), 0);
+        counts.back() = 10;
+        HistogramLook look = Look(bits, 200);
+        look.binning = false;
+        painter.Draw(Grey(counts), look);
+        CHECK(painter.Picture().boxes == std::vector{PlotBox{198, 1, 199, 101, 0xC80000}});
+        counts[counts.size() - 2] = 4;  // does not hide the higher one
+        painter.Draw(Grey(counts), look);
+        CHECK(BoxAt(painter.Picture(), 198, 1) == 0xC80000);
+    }
+}
+
+TEST_CASE("the outline of a saturated channel goes up beside the frame") {
+    Measurement measurement;
+    measurement.colour = true;
+    for (auto& counts : measurement.counts) counts.assign(65536, 0);
+    measurement.counts[1][65535] = 10;
+    HistogramLook look = Look(16, 200);
+    look.channel = 4;
+    look.binning = false;
+    HistogramPainter painter;
+    painter.Draw(measurement, look);
+    CHECK(BoxAt(painter.Picture(), 198, 1) == 0x00A000);
+    CHECK(BoxAt(painter.Picture(), 198, 50) == 0x00A000);
+    CHECK(BoxAt(painter.Picture(), 197, 50) == kNothing);
+    for (const PlotBox& box : painter.Picture().boxes) CHECK(box.right <= 199);
+}
+
 TEST_CASE("where several bins share a column the highest one shows") {
     HistogramPainter painter;
     std::vector<std::uint32_t> counts(4096, 0);
@@ -114,11 +158,26 @@ TEST_CASE("horizontal lines divide the axis of counts") {
     CHECK(HorizontalLines(painter.Picture()).empty());  // a single division
 }
 
+TEST_CASE("horizontal lines go over the width that the bins are spread over, up to the frame") {
+    HistogramPainter painter;
+    painter.Draw(Grey(Bins({10})), Look());
+    CHECK(HorizontalSpans(painter.Picture()) == std::vector(4, Span{1, 255}));
+    painter.Draw(Grey(Bins({10}, 4096)), Look(12));
+    CHECK(HorizontalSpans(painter.Picture()) == std::vector(4, Span{1, 255}));
+    painter.Draw(Grey(Bins({10}, 65536)), Look(16));
+    CHECK(HorizontalSpans(painter.Picture()) == std::vector(4, Span{1, 255}));
+}
+
 TEST_CASE("seven vertical lines go over the full height") {
     HistogramPainter painter;
     painter.Draw(Grey(Bins({10})), Look());
     CHECK(VerticalLines(painter.Picture()) == std::vector{32, 64, 96, 128, 160, 192, 224});
-    for (const PlotLine& line : painter.Picture().grid) CHECK(line.dotted);
+    for (const PlotLine& line : painter.Picture().grid) {
+        CHECK(line.dotted);
+        if (line.from.x != line.to.x) continue;
+        CHECK(line.from.y == 1);
+        CHECK(line.to.y == 100);
+    }
 }
 
 TEST_CASE("an empty histogram has its frame and the vertical lines") {
