@@ -33,7 +33,8 @@ struct LineRange {
 
 /// "CENTER". The middle of an even number of lines is the one before the half.
 [[nodiscard]] std::uint16_t CentredLine(const ProfileScope& scope);
-/// "UP": a row line goes up the screen, a column line to the right, within LinesOf().
+/// "UP": a row line goes up the screen, a column line to the right, not beyond the end of LinesOf() on that
+/// side. The other end limits nothing.
 [[nodiscard]] std::uint16_t LineUp(const ProfileScope& scope, std::uint16_t line);
 /// "DN": the other way.
 [[nodiscard]] std::uint16_t LineDown(const ProfileScope& scope, std::uint16_t line);

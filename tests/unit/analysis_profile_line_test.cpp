@@ -76,18 +76,31 @@ TEST_CASE("the steps end at the edges of a region that shows") {
     CHECK(LineDown(Shown(kVertical, region), 10) == 10);
 }
 
-TEST_CASE("a line outside the region steps to its nearest edge") {
+TEST_CASE("a line outside the region comes one line nearer to it") {
     const Region region{10, 20, 30, 40};
-    CHECK(LineDown(Shown(kHorizontal, region), 5) == 20);
-    CHECK(LineUp(Shown(kHorizontal, region), 70) == 40);
-    CHECK(LineUp(Shown(kVertical, region), 2) == 10);
-    CHECK(LineDown(Shown(kVertical, region), 90) == 30);
+    CHECK(LineDown(Shown(kHorizontal, region), 5) == 6);
+    CHECK(LineUp(Shown(kHorizontal, region), 70) == 69);
+    CHECK(LineUp(Shown(kVertical, region), 2) == 3);
+    CHECK(LineDown(Shown(kVertical, region), 90) == 89);
+}
+
+TEST_CASE("a step away from the region ends at the edge that it would pass") {
+    const Region region{10, 20, 30, 40};
+    CHECK(LineUp(Shown(kHorizontal, region), 5) == 20);
+    CHECK(LineDown(Shown(kHorizontal, region), 70) == 40);
+    CHECK(LineUp(Shown(kVertical, region), 90) == 30);
+    CHECK(LineDown(Shown(kVertical, region), 2) == 10);
 }
 
 TEST_CASE("a region outside the image or with crossed edges keeps the line a line") {
-    CHECK(LineUp(Shown(kHorizontal, {0, -20, 9, -10}), 5) == 0);
-    CHECK(LineDown(Shown(kHorizontal, {0, 50, 9, 30}), 40) == 30);
-    CHECK(LineUp(Shown(kVertical, {70'000, 0, 80'000, 9}), 5) == 65535);
+    CHECK(LineUp(Shown(kHorizontal, {0, -20, 9, -10}), 5) == 4);
+    CHECK(LineUp(Shown(kHorizontal, {0, -20, 9, -10}), 0) == 0);    // not -1, which the region allows
+    CHECK(LineDown(Shown(kHorizontal, {0, -20, 9, -10}), 5) == 0);  // not -10
+    CHECK(LineDown(Shown(kHorizontal, {0, 50, 9, 30}), 40) == 30);  // crossed: the bottom lies above
+    CHECK(LineUp(Shown(kHorizontal, {0, 50, 9, 30}), 40) == 50);    // and the top below
+    CHECK(LineUp(Shown(kVertical, {70'000, 0, 80'000, 9}), 5) == 6);
+    CHECK(LineUp(Shown(kVertical, {70'000, 0, 80'000, 9}), 65535) == 65535);
+    CHECK(LineDown(Shown(kVertical, {70'000, 0, 80'000, 9}), 5) == 65535);  // not 70000
 }
 
 TEST_CASE("a typed line number must be a whole number within the lines") {
