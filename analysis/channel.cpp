@@ -7,6 +7,20 @@ int NextChannel(int channel, bool colour) {
     return channel >= kRed && channel < kAllChannels ? channel + 1 : kRed;
 }
 
+ChannelPlaces PlacesOf(bool colour, int channel) {
+    if (!colour) return {{0}, 1};
+    switch (channel) {
+        case kRed:
+            return {{2}, 1};
+        case kGreen:
+            return {{1}, 1};
+        case kAllChannels:
+            return {{2, 1, 0}, 3};
+        default:
+            return {{0}, 1};
+    }
+}
+
 std::wstring_view ChannelCaption(int channel, bool colour) {
     if (!colour) return L" ";
     switch (channel) {

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <span>
 
 #include "analysis/channel.h"
 #include "base/number_text.h"
@@ -21,35 +20,18 @@ constexpr Field kPlace{99'999, "-----"};  // of locations, levels and values
 constexpr Field kCount{99'999'999, "--------"};
 constexpr std::size_t kLongestField = 8;
 
-/// The channels that a file holds, by their places in the pixel, in the order of its columns.
-struct Columns {
-    std::array<std::size_t, 3> places{};
-    std::size_t count = 0;
-    [[nodiscard]] std::span<const std::size_t> Places() const& { return std::span(places).first(count); }
-    std::span<const std::size_t> Places() && = delete;  // it would outlive the places
-};
-
-Columns ColumnsOf(bool colour, int channel) {
-    if (!colour) return {{0}, 1};
-    switch (channel) {
-        case kRed:
-            return {{2}, 1};
-        case kGreen:
-            return {{1}, 1};
-        case kBlue:
-            return {{0}, 1};
-        case kAllChannels:
-            return {{2, 1, 0}, 3};
-        default:
-            return {};
-    }
+/// The channels that a file holds, by their places in the pixel, in the order of its columns. Deliberate: a
+/// selector that a colour image does not have gives no column, though the views would show blue.
+ChannelPlaces ColumnsOf(bool colour, int channel) {
+    if (colour && !IsColourChannel(channel)) return {};
+    return PlacesOf(colour, channel);
 }
 
 constexpr std::array<std::string_view, 3> kChannelNotes = {" (B)", " (G)", " (R)"};  // by place
 
 /// The first line of a file. Deliberate: the only column of a grey image may have a word of its own.
 std::string Header(std::string_view first, std::string_view word, std::string_view grey_word, bool colour,
-                   const Columns& columns) {
+                   const ChannelPlaces& columns) {
     std::string header(first);
     for (const std::size_t place : columns.Places()) {
         header += ',';
@@ -99,7 +81,7 @@ std::wstring ProposedName(std::wstring_view folder, std::wstring_view image_name
     std::wstring name(folder);
     name += WithoutExtension(image_name);
     name += what;
-    if (colour && channel >= kRed && channel <= kAllChannels)
+    if (colour && IsColourChannel(channel))
         name.append(L"(").append(ChannelCaption(channel, colour)).append(L")");
     return name + L".csv";
 }
@@ -107,7 +89,7 @@ std::wstring ProposedName(std::wstring_view folder, std::wstring_view image_name
 }  // namespace
 
 std::string HistogramCsv(const HistogramCounts& counts, bool colour, int channel, std::uint32_t bits) {
-    const Columns columns = ColumnsOf(colour, channel);
+    const ChannelPlaces columns = ColumnsOf(colour, channel);
     const std::size_t rows = BinCount(bits);
     Lines lines(Header("Value", "Freq", "Freq.", colour, columns), rows, columns.count);
     for (std::size_t level = 0; level < rows; ++level) {
@@ -122,7 +104,7 @@ std::string HistogramCsv(const HistogramCounts& counts, bool colour, int channel
 }
 
 std::string ProfileCsv(const LineProfile& profile, bool colour, int channel) {
-    const Columns columns = ColumnsOf(colour, channel);
+    const ChannelPlaces columns = ColumnsOf(colour, channel);
     const auto rows = static_cast<std::size_t>(std::max(profile.count, 0));
     // Deliberate: the first word's spelling is the product's.
     Lines lines(Header("Loacation", "Value", "Value", colour, columns), rows, columns.count);

@@ -2,28 +2,12 @@
 
 #include <numeric>
 
-#include "analysis/channel.h"
-
 namespace pixora {
 namespace {
 
 constexpr std::size_t kBinnedLevels = 256;
 
 }  // namespace
-
-ChannelPlaces PlacesOf(bool colour, int channel) {
-    if (!colour) return {{0}, 1};
-    switch (channel) {
-        case kRed:
-            return {{2}, 1};
-        case kGreen:
-            return {{1}, 1};
-        case kAllChannels:
-            return {{2, 1, 0}, 3};
-        default:
-            return {{0}, 1};
-    }
-}
 
 bool BinningOf(std::wstring_view setting) {
     return setting != L"OFF";

@@ -1,27 +1,16 @@
 // The bins of a histogram as they are drawn.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
 
+#include "analysis/channel.h"
 #include "analysis/measurement.h"
 
 namespace pixora {
-
-/// The places in the pixel (0 blue, 1 green, 2 red; grey 0 alone) of the channels that a selector picks, in
-/// the order in which they are drawn.
-struct ChannelPlaces {
-    std::array<std::size_t, 3> all{};
-    std::size_t count = 0;
-    [[nodiscard]] std::span<const std::size_t> Places() const& { return std::span(all).first(count); }
-    std::span<const std::size_t> Places() && = delete;  // it would outlive the places
-};
-/// A selector out of range acts as 3, "B".
-[[nodiscard]] ChannelPlaces PlacesOf(bool colour, int channel);
 
 /// Whether a setting HIS_BINNING asks for 256 levels: any text but "OFF".
 [[nodiscard]] bool BinningOf(std::wstring_view setting);
