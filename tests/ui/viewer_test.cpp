@@ -102,6 +102,32 @@ TEST_CASE("the keyboard opens the context menu in the middle of a viewer that th
     program.Exit();
 }
 
+TEST_CASE("the middle button drags the window by its image, until it is released") {
+    Program program;
+    const Window viewer = program.Open(ChartFile(300, 200));
+    const RECT start = viewer.Frame();
+    const auto moved_by = [&](LONG x, LONG y) {
+        const RECT now = viewer.Frame();
+        return now.left == start.left + x && now.top == start.top + y && now.right == start.right + x &&
+               now.bottom == start.bottom + y;
+    };
+    const POINT grip = viewer.ClientPoint(100, 80);
+    PointAt(grip);
+    Press(Button::middle);
+    PointAt({grip.x + 60, grip.y + 35});
+    WaitFor("the window to follow the mouse", [&] { return moved_by(60, 35); });
+    PointAt({grip.x + 20, grip.y + 90});
+    WaitFor("the window to follow the mouse further", [&] { return moved_by(20, 90); });
+    Release(Button::middle);
+    // The wheel comes after the way to it, and keeps the point under the mouse: the window's own corner.
+    PointAt(viewer.ClientPoint(0, 0));
+    TurnWheel(viewer.ClientPoint(0, 0), 120);
+    WaitFor("the step of the wheel", [&] { return viewer.Text().find(L"(120%)") != std::wstring::npos; });
+    CHECK(viewer.Frame().left == start.left + 20);
+    CHECK(viewer.Frame().top == start.top + 90);
+    program.Exit();
+}
+
 TEST_CASE("a copy that cannot be deleted is reported, the others are deleted and the viewer closes") {
     Program program;
     const Window viewer = program.Open(Sample(L"tiff16-mono.tif"));
