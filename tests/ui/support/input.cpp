@@ -117,13 +117,19 @@ void ClickAt(POINT screen, Button button) {
 }
 
 void Click(const Window& target, Button button) {
-    const POINT point = ClickPoint(target);
-    const Window hit(WindowFromPoint(point));
-    const bool covered = hit.ProcessId() != target.ProcessId() ||
-                         GetAncestor(hit.Handle(), GA_ROOT) != GetAncestor(target.Handle(), GA_ROOT);
-    if (covered)
-        throw UiError("\"" + Narrow(target.Text()) + "\" cannot be clicked, \"" + Narrow(hit.Text()) +
-                      "\" lies over it");
+    POINT point{};
+    Window hit;
+    const auto lies_open = [&] {
+        point = ClickPoint(target);
+        hit = Window(WindowFromPoint(point));
+        return hit.ProcessId() == target.ProcessId() &&
+               GetAncestor(hit.Handle(), GA_ROOT) == GetAncestor(target.Handle(), GA_ROOT);
+    };
+    // A window that has just appeared comes to the front a moment later.
+    constexpr int kMoment_ms = 3'000;
+    if (!lies_open())
+        WaitFor('"' + Narrow(target.Text()) + "\" to lie open, \"" + Narrow(hit.Text()) + "\" lies over it",
+                lies_open, kMoment_ms);
     ClickAt(point, button);
 }
 

@@ -16,8 +16,8 @@ void Press(Button button);
 void Release(Button button);
 /// Clicks at a screen point.
 void ClickAt(POINT screen, Button button = Button::left);
-/// Clicks in the middle of a window or control. Throws when that point is covered by another window, because
-/// a person could not click there either.
+/// Clicks in the middle of a window or control. Throws when that point stays covered by another window,
+/// because a person could not click there either.
 void Click(const Window& target, Button button = Button::left);
 /// Clicks the close button in a window's caption.
 void ClickCloseButton(const Window& window);
