@@ -84,6 +84,63 @@ TEST_CASE("stats lists the channels of the region") {
     CHECK(result.out.find("c.tif,R,0,255,127.5,127.5\n") != std::string::npos);
 }
 
+TEST_CASE("a band of whole rows is measured and saved like any other region") {
+    const Bench bench;
+    const TiffFile tall{.width = 3, .height = 4, .pixels = Bytes({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12})};
+    const BmpFile upward{.width = 1, .height = 3, .pixels = Bytes({7, 7, 7, 0, 8, 8, 8, 0, 9, 9, 9, 0})};
+    static_cast<void>(bench.folder.Write("t.tif", tall.Make()));
+    static_cast<void>(bench.folder.Write("u.bmp", upward.Make()));
+    const std::string header = "file,channel,min,max,mean,std\n";
+    CHECK(bench.Run({"stats", "@t.tif", "--format", "csv", "--region", "0,1,2,2"}).out ==
+          header + "t.tif,mono,4,9,6.5,1.707825127659933\n");
+    CHECK(bench.Run({"stats", "@u.bmp", "--format", "csv", "--region", "0,0,0,1"}).out ==
+          header + "u.bmp,mono,8,9,8.5,0.5\n");
+    CHECK(bench.Run({"save-region", "@t.tif", "--region", "0,1,2,2", "--out", "@part.tif"}).status == 0);
+    CHECK(bench.folder.Read("part.tif").ends_with(Bytes({4, 5, 6, 7, 8, 9})));
+}
+
+TEST_CASE("an 8-bit BMP is measured through its palette, and what its last row lacks is black") {
+    const Bench bench;
+    std::vector<int> grey, plain, colour(1024);
+    for (int i = 0; i < 256; ++i)
+        for (const int channel : {0, 1, 2, 3}) {
+            grey.push_back(channel == 3 ? 0 : 255 - i);
+            plain.push_back(channel == 3 ? 0 : i);
+        }
+    colour[4] = 10, colour[5] = 20, colour[6] = 30;
+    const auto write = [&](const char* name, const std::vector<int>& palette,
+                           const std::vector<int>& pixels) {
+        const BmpFile file{.width = 3,
+                           .bits = 8,
+                           .data_offset = 1078,
+                           .before_data = Bytes(palette),
+                           .pixels = Bytes(pixels)};
+        static_cast<void>(bench.folder.Write(name, file.Make()));
+    };
+    write("grey.bmp", grey, {0, 1, 5, 0});
+    write("plain.bmp", plain, {3, 1, 5, 0});
+    write("colour.bmp", colour, {1, 0, 1, 0});
+    write("short grey.bmp", grey, {0, 0});
+    write("short colour.bmp", colour, {1, 1});
+    const Result result = bench.Run({"stats", "@grey.bmp", "@plain.bmp", "@colour.bmp", "@short grey.bmp",
+                                     "@short colour.bmp", "--format", "csv"});
+    CHECK(result.error.empty());
+    CHECK(result.out ==
+          "file,channel,min,max,mean,std\n"
+          "grey.bmp,mono,250,255,253,2.160246899469287\n"
+          "plain.bmp,mono,1,5,3,1.632993161855452\n"
+          "colour.bmp,R,0,30,20,14.142135623730951\n"
+          "colour.bmp,G,0,20,13.333333333333334,9.428090415820634\n"
+          "colour.bmp,B,0,10,6.666666666666667,4.714045207910317\n"
+          "colour.bmp,RGB,0,30,13.333333333333334,11.547005383792516\n"
+          "short grey.bmp,mono,0,255,170,120.20815280171308\n"
+          "short colour.bmp,R,0,30,20,14.142135623730951\n"
+          "short colour.bmp,G,0,20,13.333333333333334,9.428090415820634\n"
+          "short colour.bmp,B,0,10,6.666666666666667,4.714045207910317\n"
+          "short colour.bmp,RGB,0,30,13.333333333333334,11.547005383792516\n");
+    CHECK(bench.Run({"info", "@grey.bmp", "--format", "csv"}).out.find(",false,8,") != std::string::npos);
+}
+
 TEST_CASE("info tells the facts in their order") {
     const Bench bench;
     static_cast<void>(bench.folder.Write("c.tif", kColour.Make()));
