@@ -9,6 +9,7 @@ clang-tidy, so that the next run, in this clone or another, skips it.
 """
 
 import concurrent.futures
+import contextlib
 import functools
 import hashlib
 import json
@@ -17,13 +18,35 @@ import pathlib
 import re
 import subprocess
 import sys
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 TIDY = "clang-tidy-14"
 MINGW = "x86_64-w64-mingw32"
-STAMPS = pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache") / "pixora-tidy"
+STAMP_DAYS = 30
 NOT_PRODUCT = {"tests", "bench", "fuzz"}
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
+
+
+@functools.cache
+def stamps():
+    """The folder of the stamps: in the user's cache, for all clones, or in this clone for a user who has none."""
+    for folder in (pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache"), ROOT / "build"):
+        try:
+            (folder / "pixora-tidy").mkdir(parents=True, exist_ok=True)
+        except OSError:
+            continue
+        if os.access(folder / "pixora-tidy", os.W_OK):
+            return folder / "pixora-tidy"
+    sys.exit(f"neither the user's cache nor {ROOT / 'build'} can be written")
+
+
+def drop_old_stamps():
+    """A stamp is touched whenever it spares a run; one that nothing asked for in a long time is of an old text."""
+    for mark in stamps().iterdir():
+        with contextlib.suppress(FileNotFoundError):  # another run tidies up as well
+            if mark.stat().st_mtime < time.time() - STAMP_DAYS * 86400:
+                mark.unlink()
 
 
 @functools.cache
@@ -80,7 +103,7 @@ def stamp(file, further, version):
         key.update(part + b"\0")
     for path in seen(file):
         key.update(str(path.relative_to(ROOT)).encode() + b"\0" + text(path) + b"\0")
-    return STAMPS / key.hexdigest()
+    return stamps() / key.hexdigest()
 
 
 def tidy(file, folder, further):
@@ -100,7 +123,6 @@ def main():
     for file in unknown:
         print(f"{file}: no build compiles it")
     version = subprocess.run([TIDY, "--version"], capture_output=True, check=True).stdout
-    STAMPS.mkdir(parents=True, exist_ok=True)
     waiting = []
     for file in chosen:
         if file in all_commands:
@@ -119,6 +141,7 @@ def main():
                 print(f"{file.relative_to(ROOT)}:\n{words}\n")
             else:
                 mark.touch()
+    drop_old_stamps()
     print(f"{len(chosen)} files, {len(waiting)} of them looked at, {failed} with something to say")
     return 1 if failed or not chosen else 0
 
