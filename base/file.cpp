@@ -9,6 +9,11 @@
 
 #include "base/utf8.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 namespace pixora {
 namespace {
 
@@ -56,6 +61,23 @@ bool IsWriteProtected(const fs::path& path) {
     return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
 }
 
+// As many as systems follow in one name.
+constexpr int kMostLinks = 40;
+
+// The file that a replacement of `path` has to replace: behind links, which stay. Nothing where something
+// else than a file stands, a device or a pipe, which is not the program's to take away.
+std::optional<fs::path> ReplacedFile(fs::path path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (fs::exists(status) && !fs::is_regular_file(status)) return std::nullopt;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
+        const fs::path next = fs::read_symlink(path, error);
+        if (error || links == kMostLinks) return std::nullopt;
+        path = path.parent_path() / next;
+    }
+    return path;
+}
+
 // Where the ending of a temporary name goes.
 enum class Ending { after_name, in_place_of_end };
 constexpr Ending kEndings[] = {Ending::after_name, Ending::in_place_of_end};
@@ -73,7 +95,7 @@ fs::path FreeTemporaryName(const fs::path& target, Ending place) {
     std::error_code ignored;
     for (int number = 0;; ++number) {
         fs::path name = TemporaryName(target, place, number);
-        if (!fs::exists(name, ignored)) return name;
+        if (!fs::exists(fs::symlink_status(name, ignored))) return name;
     }
 }
 
@@ -186,12 +208,15 @@ AtomicFile::~AtomicFile() {
 }
 
 std::optional<AtomicFile> AtomicFile::Create(const fs::path& target) {
-    if (IsFolder(target) || IsWriteProtected(target)) return std::nullopt;
+    const std::optional<fs::path> replaced = ReplacedFile(target);
+    if (!replaced || IsWriteProtected(*replaced)) return std::nullopt;
     // A name as long as names can be leaves no room for an ending after it.
     for (const Ending place : kEndings) {
-        fs::path temporary = FreeTemporaryName(target, place);
-        if (std::optional<File> file = File::Create(temporary))
-            return AtomicFile(target, std::move(temporary), *std::move(file));
+        fs::path temporary = FreeTemporaryName(*replaced, place);
+        if (std::optional<File> file = File::Create(temporary)) {
+            TakeOverRights(*replaced, temporary);
+            return AtomicFile(*replaced, std::move(temporary), *std::move(file));
+        }
     }
     return std::nullopt;
 }
@@ -200,6 +225,17 @@ bool AtomicFile::Commit() {
     if (!file_.Close() || !Replace(target_, temporary_)) return false;
     temporary_.clear();
     return true;
+}
+
+void TakeOverRights([[maybe_unused]] const fs::path& from, [[maybe_unused]] const fs::path& to) {
+#ifndef _WIN32
+    struct stat old {};
+    if (stat(from.c_str(), &old) != 0) return;
+    // Only some users may give a file away; it stays their own otherwise.
+    [[maybe_unused]] const int given = chown(to.c_str(), old.st_uid, old.st_gid);
+    std::error_code ignored;
+    fs::permissions(to, static_cast<fs::perms>(old.st_mode) & fs::perms::all, ignored);
+#endif
 }
 
 void DeleteInterruptedReplacements(const fs::path& target) {

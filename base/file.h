@@ -80,11 +80,12 @@ template <typename Consume>
 }
 
 /// A file that appears under its name only when it is complete: written to a temporary name in the same
-/// folder and renamed over the target by Commit(); removed again by the destructor otherwise.
+/// folder and renamed over the target by Commit(); removed again by the destructor otherwise. The file behind
+/// a link is replaced, and the link stays; who may read and write a file stays too.
 class AtomicFile {
 public:
-    /// @return nothing when the target is write-protected or is a folder, or the temporary file cannot be
-    /// made.
+    /// @return nothing when the target is write-protected, a folder or anything else that is no file, or the
+    /// temporary file cannot be made.
     [[nodiscard]] static std::optional<AtomicFile> Create(const std::filesystem::path& target);
     AtomicFile(AtomicFile&& other) noexcept;
     AtomicFile& operator=(AtomicFile&& other) noexcept;
@@ -92,6 +93,8 @@ public:
 
     /// The file under its temporary name, to write to.
     [[nodiscard]] File& Out() { return file_; }
+    /// The file that is replaced: the one behind the link when a link was named.
+    [[nodiscard]] const std::filesystem::path& Target() const { return target_; }
     /// Closes and puts the file under its name. Where another program holds the target open it is tried for
     /// a moment. @return false when that failed; the target is then unchanged.
     [[nodiscard]] bool Commit();
@@ -101,6 +104,10 @@ private:
     std::filesystem::path target_, temporary_;
     File file_;
 };
+
+/// Gives the file `to` the owner and the rights of `from`, as far as the user may do that. Without effect on
+/// Windows, where the folder decides, and when there is no `from`.
+void TakeOverRights(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Deletes what replacements of `target` left beside it because the program or the machine stopped in the
 /// middle of them. Only for folders that hold no files of the user's.

@@ -102,18 +102,20 @@ PendingFile::~PendingFile() {
 
 std::optional<PendingFile> PendingFile::For(const fs::path& target) {
     // Making it shows at once whether it can be made; what stands under the target's name stays untouched.
-    std::optional<AtomicFile> trial = AtomicFile::Create(target);
+    const std::optional<AtomicFile> trial = AtomicFile::Create(target);
     if (!trial) return std::nullopt;
+    const fs::path& replaced = trial->Target();
     // A name that no other program makes, not even another run of this one at the same moment.
     std::random_device random;
     std::error_code ignored;
     while (true) {
-        fs::path name = target.parent_path() / (".pixora-" + std::to_string(random()) + ".part");
-        if (!fs::exists(name, ignored)) return PendingFile(target, std::move(name));
+        fs::path name = replaced.parent_path() / (".pixora-" + std::to_string(random()) + ".part");
+        if (!fs::exists(name, ignored)) return PendingFile(replaced, std::move(name));
     }
 }
 
 bool PendingFile::Commit() {
+    TakeOverRights(target_, name_);
     std::error_code error;
     fs::rename(name_, target_, error);
     if (error) return false;

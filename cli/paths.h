@@ -24,10 +24,11 @@ namespace pixora::cli {
 [[nodiscard]] std::vector<std::string> Expanded(const std::vector<std::string>& names);
 
 /// A file that is made under another name in the same folder and gets its own when it is complete. What is
-/// left of it goes with this object otherwise.
+/// left of it goes with this object otherwise. Links and rights of the old file stay, as with AtomicFile.
 class PendingFile {
 public:
-    /// @return nothing when `target` is a folder or write-protected, or its folder does not exist.
+    /// @return nothing when `target` is write-protected, a folder or anything else that is no file, or its
+    /// folder does not exist.
     [[nodiscard]] static std::optional<PendingFile> For(const std::filesystem::path& target);
     PendingFile(PendingFile&& other) noexcept;
     PendingFile& operator=(PendingFile&& other) noexcept;

@@ -146,19 +146,29 @@ def check_outputs(checks, image):
     protected.write_bytes(b"old")
     protected.chmod(0o444)
     (folder / "folder").mkdir()
+    os.mkfifo(folder / "pipe")
+    link, behind = folder / "link", folder / "behind"
+    link.symlink_to("behind")
     for words in (["histogram", image, "--out"], ["profile", image, "--row", "0", "--out"],
                   ["save-region", image, "--region", "0,0,1,1", "--out"], ["convert", image, "--display"]):  # fmt: skip
         for out, message in (("missing/a", "the folder does not exist"), ("folder", "a folder has this name"),
-                             ("protected", "the file cannot be written")):  # fmt: skip
+                             ("protected", "the file cannot be written"),
+                             ("pipe", "the file cannot be written")):  # fmt: skip
             done = checks.run(*words, folder / out)
             good = done.returncode == 1 and done.stderr == f"{folder / out}: {message}\n" and not done.stdout
-            checks.that(f"{words[0]} to {out}: {done.stderr}", good and protected.read_bytes() == b"old")
+            good = good and protected.read_bytes() == b"old" and (folder / "pipe").is_fifo()
+            checks.that(f"{words[0]} to {out}: {done.stderr}", good)
         done = checks.run(*words, image)
         checks.that(f"{words[0]} over its image: {done.stderr}", done.returncode == 2 and image.read_bytes() == before)
         target = folder / "new"
         target.write_bytes(b"old")
         done = checks.run(*words, target)
         checks.that(f"{words[0]} over a file", done.returncode == 0 and target.read_bytes() != b"old")
+        behind.write_bytes(b"old")
+        behind.chmod(0o600)
+        done = checks.run(*words, link)
+        good = done.returncode == 0 and link.is_symlink() and behind.read_bytes() == target.read_bytes()
+        checks.that(f"{words[0]} through a link", good and behind.stat().st_mode & 0o777 == 0o600)
     done = checks.run("convert", image, "--display", folder / "new2", "--data", folder / "new3")
     good = done.returncode == 2 and done.stderr == f"{image}: only 16-bit TIFF files have a data copy\n"
     checks.that(f"data copy of 8 bits: {done.stderr}", good and not list(folder.glob("new?")))
@@ -167,7 +177,8 @@ def check_outputs(checks, image):
     done = checks.run("save-region", deep, "--region", "0,0,1,1", "--out", folder / "grey.bmp")
     good = done.returncode == 1 and "can be saved as TIFF only" in done.stderr and not (folder / "grey.bmp").exists()
     checks.that(f"16 grey bits as BMP: {done.stderr}", good)
-    checks.that("nothing half-written", {p.name for p in folder.iterdir()} == {"protected", "folder", "new"})
+    left = {"protected", "folder", "new", "pipe", "link", "behind"}
+    checks.that("nothing half-written", {p.name for p in folder.iterdir()} == left)
     with open("/dev/full", "wb") as full:
         done = subprocess.run([checks.program, "stats", image], stdout=full, stderr=subprocess.PIPE, timeout=60)
     good = done.returncode == 1 and b"cannot be written" in done.stderr

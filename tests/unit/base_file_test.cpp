@@ -13,6 +13,10 @@
 
 #include "tests/unit/support/scratch_folder.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 using namespace pixora;
 using pixora::test::ScratchFolder;
 
@@ -211,6 +215,61 @@ TEST_CASE("a write-protected file and a folder are not replaced") {
     CHECK_FALSE(WriteWholeFile(folder / "missing" / "c", "new"));
     CHECK(folder.Names() == "a b");
 }
+
+#ifndef _WIN32
+TEST_CASE("of a link the file behind it is replaced, and the link stays") {
+    const ScratchFolder folder;
+    fs::create_directory(folder / "deep");
+    folder.Write("deep/a", "old");
+    fs::create_symlink(fs::path("deep") / "a", folder / "link");
+    fs::create_symlink(folder / "link", folder / "second");
+    CHECK(WriteWholeFile(folder / "second", "new"));
+    CHECK(folder.Read("deep/a") == "new");
+    CHECK(fs::read_symlink(folder / "link") == fs::path("deep") / "a");
+    CHECK(fs::read_symlink(folder / "second") == folder / "link");
+    fs::create_symlink("fresh", folder / "deep" / "early");  // what it names comes later
+    CHECK(WriteWholeFile(folder / "deep" / "early", "made"));
+    CHECK(folder.Read("deep/fresh") == "made");
+    CHECK(fs::is_symlink(folder / "deep" / "early"));
+    CHECK(folder.Names() == "deep link second");
+    fs::permissions(folder / "deep" / "a", fs::perms::owner_write, fs::perm_options::remove);
+    CHECK_FALSE(WriteWholeFile(folder / "second", "newer"));
+    CHECK(folder.Read("deep/a") == "new");
+}
+
+TEST_CASE("what is no file is not replaced, named directly or by a link") {
+    const ScratchFolder folder;
+    REQUIRE(mkfifo((folder / "pipe").c_str(), 0600) == 0);
+    fs::create_symlink("pipe", folder / "to pipe");
+    fs::create_symlink("round", folder / "round");
+    fs::create_symlink(".", folder / "to folder");
+    for (const char* name : {"pipe", "to pipe", "round", "to folder"}) {
+        CAPTURE(name);
+        CHECK_FALSE(AtomicFile::Create(folder / name).has_value());
+        CHECK_FALSE(WriteWholeFile(folder / name, "new"));
+    }
+    CHECK(fs::is_fifo(fs::symlink_status(folder / "pipe")));
+    CHECK(folder.Names() == "pipe round to folder to pipe");
+}
+
+TEST_CASE("a replacement lets the same users read and write it as the old file did") {
+    const ScratchFolder folder;
+    folder.Write("a", "old");
+    for (const fs::perms rights : {fs::perms(0600), fs::perms(0640), fs::perms(0666), fs::perms(0755)}) {
+        fs::permissions(folder / "a", rights);
+        {
+            auto file = AtomicFile::Create(folder / "a");
+            REQUIRE(file.has_value());
+            CHECK(fs::status(folder / "a.tmp0").permissions() == rights);  // at no time more than that
+            CHECK(file->Commit());
+        }
+        CHECK(fs::status(folder / "a").permissions() == rights);
+    }
+    CHECK(WriteWholeFile(folder / "new", "x"));
+    folder.Write("usual", "x");
+    CHECK(fs::status(folder / "new").permissions() == fs::status(folder / "usual").permissions());
+}
+#endif
 
 TEST_CASE("a temporary name never takes a file of the user's") {
     const ScratchFolder folder;

@@ -107,6 +107,26 @@ TEST_CASE("a pending file appears when it is complete, and goes away otherwise")
     CHECK_FALSE(PendingFile::For(folder.Path() / "missing" / "a").has_value());
 }
 
+#ifndef _WIN32
+TEST_CASE("a pending file takes the place of the file behind a link, with the rights of that") {
+    namespace fs = std::filesystem;
+    const ScratchFolder folder;
+    fs::create_directory(folder / "deep");
+    static_cast<void>(folder.Write("deep/a", "old"));
+    fs::permissions(folder / "deep" / "a", fs::perms(0600));
+    fs::create_symlink(fs::path("deep") / "a", folder / "link");
+    auto pending = PendingFile::For(folder / "link");
+    REQUIRE(pending.has_value());
+    CHECK(pending->Name().parent_path() == folder / "deep");
+    static_cast<void>(folder.Write("deep/" + pending->Name().filename().string(), "new"));
+    CHECK(pending->Commit());
+    CHECK(folder.Read("deep/a") == "new");
+    CHECK(fs::status(folder / "deep" / "a").permissions() == fs::perms(0600));
+    CHECK(fs::is_symlink(folder / "link"));
+    CHECK(folder.Names() == "deep link");
+}
+#endif
+
 namespace {
 
 struct FakeStreams final : Streams {
