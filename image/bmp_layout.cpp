@@ -10,7 +10,8 @@ struct BmpKind {
 };
 
 ByteBuilder Header(std::uint32_t width, std::uint32_t height, std::uint64_t stride, BmpKind kind) {
-    // The file format holds sizes in 32 bits; no reader of ours looks at these two.
+    // The file format holds sizes in 32 bits. Saved regions have no more than that; of larger display copies
+    // no reader looks at these two.
     const auto pixel_bytes = static_cast<std::uint32_t>(stride * height);
     ByteBuilder header;
     header.U8('B');

@@ -1,6 +1,7 @@
 #include "image/image_writer.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -25,12 +26,14 @@ struct BmpRows {
     std::uint32_t width, height;
     std::size_t channels;
     int shift;
+
+    [[nodiscard]] std::size_t Samples() const { return channels * width; }  // of one row
+    [[nodiscard]] std::size_t Stride() const { return (Samples() + 3) / 4 * 4; }
 };
 
 // Writes the rows of a BMP from the last to the first, a block of rows at a time.
 bool WriteRows(File& file, std::span<const std::uint16_t> samples, const BmpRows& rows_of) {
-    const std::size_t row_samples = rows_of.channels * rows_of.width;
-    const std::size_t stride = (row_samples + 3) / 4 * 4;
+    const std::size_t row_samples = rows_of.Samples(), stride = rows_of.Stride();
     const std::size_t block_rows = std::max<std::size_t>(1, kBlockBytes / std::max<std::size_t>(1, stride));
     std::vector<std::byte> block(block_rows * stride);
     for (std::size_t left = rows_of.height; left > 0;) {
@@ -46,6 +49,8 @@ bool WriteRows(File& file, std::span<const std::uint16_t> samples, const BmpRows
 
 bool WriteBmp(const fs::path& path, const ByteBuilder& header, std::span<const std::uint16_t> samples,
               const BmpRows& rows) {
+    const auto header_bytes = static_cast<std::uint32_t>(header.Bytes().size());
+    if (!FitsImageFile(header_bytes, rows.Stride(), rows.height)) return false;
     std::optional<AtomicFile> file = AtomicFile::Create(path);
     return file && file->Out().Write(header.Bytes()) && WriteRows(file->Out(), samples, rows) &&
            file->Commit();
@@ -53,8 +58,12 @@ bool WriteBmp(const fs::path& path, const ByteBuilder& header, std::span<const s
 
 bool WriteTiff(const fs::path& path, std::span<const std::uint16_t> samples, const TiffImage& image,
                int bits) {
+    const ByteBuilder header = TiffFileHeader(image, bits);
+    const std::uint64_t row_bytes = std::uint64_t{image.width} * (image.colour ? 3 : 1) * (bits == 8 ? 1 : 2);
+    if (!FitsImageFile(static_cast<std::uint32_t>(header.Bytes().size()), row_bytes, image.height))
+        return false;
     std::optional<AtomicFile> file = AtomicFile::Create(path);
-    if (!file || !file->Out().Write(TiffFileHeader(image, bits).Bytes())) return false;
+    if (!file || !file->Out().Write(header.Bytes())) return false;
     constexpr std::size_t kBlockSamples = kBlockBytes / 6 * 3;
     std::vector<std::uint16_t> block;
     std::vector<std::byte> bytes;
@@ -88,6 +97,11 @@ std::uint32_t TiffDataBytes(const TiffImage& image, int bits) {
 }
 
 }  // namespace
+
+bool FitsImageFile(std::uint32_t header_bytes, std::uint64_t row_bytes, std::uint32_t rows) {
+    constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
+    return row_bytes == 0 || rows <= (kMost - header_bytes) / row_bytes;
+}
 
 bool WriteBmp24(const fs::path& path, std::span<const std::uint16_t> samples, std::uint32_t width,
                 std::uint32_t height, int shift) {

@@ -1,4 +1,5 @@
-// Writers of image files from samples. Each writes the whole file or leaves none.
+// Writers of image files from samples. Each writes the whole file and returns true, or leaves none: when the
+// file cannot be written, or would be too large for its kind.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +9,9 @@
 #include "base/bytes.h"
 
 namespace pixora {
+
+/// Whether a file of a header and `rows` rows stays below 4 GiB: BMP and TIFF state their sizes in 32 bits.
+[[nodiscard]] bool FitsImageFile(std::uint32_t header_bytes, std::uint64_t row_bytes, std::uint32_t rows);
 
 /// Writes a 24-bit BMP of the low byte of every sample.
 /// @param samples  height x width x 3, rows top to bottom, blue green red.

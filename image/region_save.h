@@ -22,7 +22,8 @@ struct RegionPixels {
 
 /// Writes the region in the form that its colour, its depth and the chosen kind of file ask for.
 /// @return false, with no file written, for a grey BMP of 14 or 16 bits, any depth not listed above, an empty
-/// region, samples that are not as many as its size says, and when the file cannot be written.
+/// region, samples that are not as many as its size says, a file that would have 4 GiB or more, and when the
+/// file cannot be written.
 [[nodiscard]] bool SaveRegion(const RegionPixels& region, const std::filesystem::path& path);
 
 }  // namespace pixora

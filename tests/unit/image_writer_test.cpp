@@ -186,3 +186,25 @@ TEST_CASE("samples that are not as many as the region's size says are not saved"
     for (const char* name : {"b.bmp", "b.tif"}) CHECK_FALSE(SaveRegion(region, folder / name));
     CHECK(folder.Names() == "a.tif");
 }
+
+TEST_CASE("an image file has less than 4 GiB, its header included") {
+    CHECK(FitsImageFile(54, 3, 1));
+    CHECK(FitsImageFile(54, 0, 4294967295));
+    CHECK(FitsImageFile(1078, 65536, 65535));
+    CHECK_FALSE(FitsImageFile(1078, 65536, 65536));
+    CHECK(FitsImageFile(255, 4294967040, 1));
+    CHECK_FALSE(FitsImageFile(256, 4294967040, 1));
+    CHECK_FALSE(FitsImageFile(180, 393210, 10923));
+    CHECK(FitsImageFile(180, 393210, 10922));
+    CHECK_FALSE(FitsImageFile(54, 12884901888, 4294967295));
+}
+
+TEST_CASE("nothing is written of an image file that would have 4 GiB or more") {
+    const ScratchFolder folder;
+    CHECK_FALSE(WriteTiff16(folder / "a.tif", {}, {.width = 65535, .height = 10923, .colour = true}));
+    CHECK_FALSE(WriteTiff8(folder / "a.tif", {}, {.width = 65535, .height = 21846, .colour = true}));
+    CHECK_FALSE(WriteTiff16(folder / "a.tif", {}, {.width = 65535, .height = 32769, .colour = false}));
+    CHECK_FALSE(WriteBmp24(folder / "a.bmp", {}, 65535, 21846));
+    CHECK_FALSE(WriteBmp8(folder / "a.bmp", {}, 65536, 65536));
+    CHECK(folder.Names().empty());
+}
