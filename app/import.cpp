@@ -18,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::wstring_view kErrorCaption = L" : Error";
+constexpr std::wstring_view kCorrupt = L"This file is invalid or corrupt.";
 constexpr std::uint64_t kSampleBytesPerPixel = 6;
 
 // Why an import cannot go on.
@@ -25,6 +26,7 @@ struct Refused {
     Message message;
     std::wstring reason;
     int code = static_cast<int>(ReadResult::invalid);
+    bool data_copy_failed = false;
 };
 
 Refused Error(std::wstring_view line1, std::wstring_view line2) {
@@ -46,6 +48,24 @@ Refused DepthError(std::uint32_t bits) {
     return refused;
 }
 
+Refused FileError(const fs::path& source, std::wstring_view text, ReadResult code) {
+    const std::wstring name = FileNameOf(WideText(source), fs::path::preferred_separator);
+    return {FileErrorMessage(name, text), std::wstring(text), static_cast<int>(code)};
+}
+
+Refused MemoryError(const FileType& type, const fs::path& source) {
+    const bool deep = type.kind != ImageFileKind::bmp && type.bits == 16;
+    return deep ? FileError(source, kCorrupt, ReadResult::invalid) : FormatError(ReadResult::invalid);
+}
+
+ImportResult ResultOf(Refused refused) {
+    return {.image = {},
+            .message = std::move(refused.message),
+            .reason = std::move(refused.reason),
+            .code = refused.code,
+            .data_copy_failed = refused.data_copy_failed};
+}
+
 // One import on its way: each step fills the record, or says why it cannot go on. What becomes of the pixels
 // is up to whoever derives from it.
 class Import {
@@ -63,14 +83,11 @@ public:
             if (!refused) refused = ReadFacts();
             if (!refused) refused = TakePixels();
         } catch (const std::exception&) {  // no memory
-            refused = OpenError();
+            refused = NoMemory();
         }
         if (refused) {
             GiveUp();
-            return {.image = {},
-                    .message = std::move(refused->message),
-                    .reason = std::move(refused->reason),
-                    .code = refused->code};
+            return ResultOf(*std::move(refused));
         }
         ImportResult result;
         result.image = std::move(record_);
@@ -90,15 +107,11 @@ protected:
     /// After a refusal, at any time.
     virtual void GiveUp() {}
 
-    [[nodiscard]] Refused FileError(std::wstring_view text, ReadResult code) const {
-        const std::wstring name = FileNameOf(WideText(request_.source), fs::path::preferred_separator);
-        return {FileErrorMessage(name, text), std::wstring(text), static_cast<int>(code)};
-    }
     [[nodiscard]] Refused OpenError(ReadResult code = ReadResult::invalid) const {
-        return FileError(kOpenFailed, code);
+        return FileError(request_.source, kOpenFailed, code);
     }
     [[nodiscard]] Refused CorruptError(ReadResult code = ReadResult::invalid) const {
-        return FileError(L"This file is invalid or corrupt.", code);
+        return FileError(request_.source, kCorrupt, code);
     }
     [[nodiscard]] std::optional<Refused> Refusal(ReadResult result) const {
         if (result == ReadResult::accepted) return std::nullopt;
@@ -120,12 +133,22 @@ protected:
     ImageBuffer record_;
 
 private:
+    // Memory may be so short that not even the words for it can be had.
+    [[nodiscard]] Refused NoMemory() const noexcept {
+        try {
+            return MemoryError(type_, request_.source);
+        } catch (const std::exception&) {
+            return {};
+        }
+    }
+
     // Everything that the headers say, and the refusals that need no more.
     std::optional<Refused> ReadFacts() {
         type_ = DetectFileType(request_.source);
         if (!type_.opened) return OpenError();
         if (!type_.Known())
-            return FileError(L"This is an unsupported or invalid image file.", ReadResult::not_supported);
+            return FileError(request_.source, L"This is an unsupported or invalid image file.",
+                             ReadResult::not_supported);
         record_.file_kind = type_.kind;
         record_.bits_per_sample = type_.bits;
         record_.source_path = WideText(request_.source);
@@ -188,8 +211,12 @@ protected:
     std::optional<Refused> TakeTiff16(int given_bits) override {
         const Tiff16Conversion conversion =
             ConvertTiff16(request_.source, record_.display_copy, record_.data_copy, given_bits);
-        if (!conversion.data_written)
-            return CorruptError(conversion.accepted ? ReadResult::write_failed : ReadResult::invalid);
+        if (!conversion.data_written) {
+            Refused refused =
+                CorruptError(conversion.accepted ? ReadResult::write_failed : ReadResult::invalid);
+            refused.data_copy_failed = conversion.accepted;
+            return refused;
+        }
         NoteTiff16(conversion.valid_bits);
         return WithDisplayCopy(
             Refusal(conversion.display_written ? ReadResult::accepted : ReadResult::write_failed));
@@ -291,20 +318,38 @@ private:
     SampleSink* sink_;
 };
 
+// Runs an import for which not even the beginning may find memory.
+template <typename Operation>
+ImportResult RunGuarded(const Operation& run) noexcept {
+    try {
+        return run();
+    } catch (const std::exception&) {
+        ImportResult refused;
+        refused.code = static_cast<int>(ReadResult::invalid);
+        return refused;
+    }
+}
+
 }  // namespace
 
 ImportResult ImportImage(const ImportRequest& request) noexcept {
-    const SourceRequest source{request.source, request.valid_bits, request.auto_bit};
-    return ViewerImport(source, request).Run();
+    return RunGuarded([&] {
+        const SourceRequest source{request.source, request.valid_bits, request.auto_bit};
+        return ViewerImport(source, request).Run();
+    });
 }
 
 ImportResult ReadImage(const SourceRequest& request, SampleSink* sink) noexcept {
-    return SampleImport(request, sink).Run();
+    return RunGuarded([&] { return SampleImport(request, sink).Run(); });
+}
+
+ImportResult RefusedForMemory(const fs::path& source) {
+    return ResultOf(MemoryError(DetectFileType(source), source));
 }
 
 ImportResult CopyImage(const SourceRequest& request, const fs::path& display_copy,
                        const fs::path& data_copy) noexcept {
-    return NamedCopies(request, display_copy, data_copy).Run();
+    return RunGuarded([&] { return NamedCopies(request, display_copy, data_copy).Run(); });
 }
 
 }  // namespace pixora

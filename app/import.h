@@ -31,11 +31,13 @@ struct ImportRequest {
 
 struct ImportResult {
     std::optional<ImageBuffer> image;  ///< the complete record when the import succeeded
-    Message message;                   ///< what to show otherwise; all empty when there is nothing to say
-    std::wstring reason;               ///< the same in one line, without the file's name
-    int code = 0;                      ///< of the reason, see ReadResult; 0 on success
+    Message message;      ///< what to show otherwise; all empty when the source was, or for want of memory
+    std::wstring reason;  ///< the same in one line, without the file's name
+    int code = 0;         ///< of the reason, see ReadResult; 0 on success and for an empty source
     /// The file's table of strips is so large that it is not fetched; its pixels are read from its start.
     bool strips_too_many = false;
+    /// With code ReadResult::write_failed: it was the data copy that could not be written.
+    bool data_copy_failed = false;
 };
 
 /// Runs the whole import. On success the display copy (and for TIFF the data copy) of the record's slot
@@ -54,6 +56,9 @@ struct SourceRequest {
 /// With no sink, pixels are read only as far as a fact depends on them.
 /// @return code ReadResult::write_failed when the sink ended the reading.
 [[nodiscard]] ImportResult ReadImage(const SourceRequest& request, SampleSink* sink) noexcept;
+
+/// How a file is refused whose pixels need more memory than there is: as one that promises too many of them.
+[[nodiscard]] ImportResult RefusedForMemory(const std::filesystem::path& source);
 
 /// Writes the display copy of an image, and the data copy of a 16-bit one unless that path is empty. Files of
 /// these names are replaced.

@@ -10,6 +10,9 @@
 
 namespace pixora::cli {
 
+/// Writes what the results of all files begin with: a line of names in CSV, nothing otherwise.
+void BeginListing(Session& session);
+
 /// Each does its work for one file. @return kDone, kFailed or kUsage; what went wrong has been said.
 [[nodiscard]] int Info(Session& session, const std::string& file);
 [[nodiscard]] int Stats(Session& session, const std::string& file);

@@ -75,6 +75,12 @@ std::vector<Field> FiguresOf(const SampleStatistics& statistics) {
             {"std", ShortestText(statistics.std)}};
 }
 
+std::vector<Field> LineOf(const std::string& file, const Channel& channel) {
+    std::vector<Field> fields = FiguresOf(channel.statistics);
+    fields.insert(fields.begin(), {TextField("file", file), TextField("channel", channel.name)});
+    return fields;
+}
+
 std::string StatsJson(const std::string& file, const Region& region, const std::vector<Channel>& measured) {
     JsonWriter json;
     json.BeginObject();
@@ -109,13 +115,13 @@ std::string StatsText(const std::string& file, const Region& region, const std::
     return text;
 }
 
-void WriteCsv(Session& session, const std::vector<Field>& fields) {
-    if (!session.header_written) session.console.Out(CsvHeader(fields));
-    session.header_written = true;
-    session.console.Out(CsvLine(fields));
-}
-
 }  // namespace
+
+void BeginListing(Session& session) {
+    if (session.options.format != Format::csv) return;
+    const bool facts = session.options.command == Command::info;
+    session.console.Out(CsvHeader(facts ? FactsOf({}, {}) : LineOf({}, {{}, SampleStatistics{}})));
+}
 
 int Info(Session& session, const std::string& file) {
     int status = kDone;
@@ -127,7 +133,7 @@ int Info(Session& session, const std::string& file) {
             session.console.Out(JsonObject(facts) + "\n");
             break;
         case Format::csv:
-            WriteCsv(session, facts);
+            session.console.Out(CsvLine(facts));
             break;
         case Format::text:
             session.console.Out(Paragraph(facts));
@@ -148,11 +154,7 @@ int Stats(Session& session, const std::string& file) {
             session.console.Out(StatsJson(file, session.sums.Part(), measured));
             break;
         case Format::csv:
-            for (const Channel& channel : measured) {
-                std::vector<Field> fields = FiguresOf(channel.statistics);
-                fields.insert(fields.begin(), {TextField("file", file), TextField("channel", channel.name)});
-                WriteCsv(session, fields);
-            }
+            for (const Channel& channel : measured) session.console.Out(CsvLine(LineOf(file, channel)));
             break;
         case Format::text:
             session.console.Out(StatsText(file, session.sums.Part(), measured));

@@ -41,14 +41,15 @@ bool TakesMany(Command command) {
 int WorkThrough(const Options& options, Console& console) {
     Session session{.options = options, .console = console};
     const Work work = WorkOf(options.command);
+    BeginListing(session);
     int status = kDone;
     for (std::size_t i = 0; i < options.files.size() && !StopRequested(); ++i) {
         console.Progress(i, options.files.size());
         int result = kFailed;
         try {
             result = work(session, options.files[i]);
-        } catch (const std::exception&) {
-            session.Say(options.files[i], "there is not enough memory");
+        } catch (const std::exception&) {  // no memory
+            result = session.Refuse(options.files[i], RefusedForMemory(PathOf(options.files[i])));
         }
         status = std::max(status, result);  // wrong usage is the worst
     }

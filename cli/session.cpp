@@ -58,8 +58,7 @@ std::optional<ImageBuffer> Session::Read(const std::string& file, PartSink* sink
             status = kUsage;
             break;
         case PartSink::End::no_memory:
-            Say(file, Concat({"there is not enough memory for ", SizeText(*sink)}));
-            status = kFailed;
+            status = Refuse(file, RefusedForMemory(PathOf(file)));
             break;
         case PartSink::End::stopped:
             status = kFailed;

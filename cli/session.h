@@ -15,8 +15,7 @@ namespace pixora::cli {
 struct Session {
     const Options& options;
     Console& console;
-    SumSink sums{};               ///< what is kept from file to file
-    bool header_written = false;  ///< the header line of CSV results
+    SumSink sums{};  ///< what is kept from file to file
 
     /// Writes a line about a file, or about a place to write to, to standard error.
     void Say(std::string_view file, std::string_view message) const;

@@ -123,7 +123,7 @@ int Convert(Session& session, const std::string& file) {
         CopyImage(session.RequestFor(file), display->Name(), data ? data->Name() : fs::path());
     if (!result.image) {
         if (result.code != static_cast<int>(ReadResult::write_failed)) return session.Refuse(file, result);
-        session.Say(options.out, kCannotWrite);
+        session.Say(result.data_copy_failed ? options.data : options.out, kCannotWrite);
         return kFailed;
     }
     if (data && !result.image->raw_data) {
