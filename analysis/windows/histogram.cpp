@@ -1,15 +1,10 @@
 #include "analysis/windows/histogram.h"
 
-#include <windowsx.h>
-
 #include <array>
 #include <utility>
 
-#include "analysis/channel.h"
 #include "analysis/csv.h"
 #include "analysis/windows/csv_export.h"
-#include "dialogs/windows/messages.h"
-#include "platform/menu.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
 
@@ -17,23 +12,32 @@ namespace pixora {
 namespace {
 
 constexpr std::array kLevelLabels = {IDC_HIST_LEVEL1, IDC_HIST_LEVEL2, IDC_HIST_LEVEL3, IDC_HIST_LEVEL4};
+constexpr PlotParts kParts = {.plot = IDC_HIST_PLOT,
+                              .channel = IDC_HIST_CHANNEL,
+                              .level = IDC_HIST_LEVEL,
+                              .level_enter = IDC_HIST_ENTER,
+                              .level_on = IDC_HIST_ON,
+                              .level_centre = IDC_HIST_CENTER,
+                              .level_up = IDC_HIST_UP,
+                              .level_down = IDC_HIST_DOWN,
+                              .menu = IDR_HISTOGRAM_MENU,
+                              .export_command = IDM_HISTOGRAM_EXPORT,
+                              .step_up = PlotKey::right,
+                              .step_down = PlotKey::left};
 
 }  // namespace
 
 CHistogram::CHistogram(ViewContext context)
-    : AnalysisView(IDD_HISTOGRAM, WindowKind::histogram, &ViewFlags::histogram, std::move(context)),
-      level_(EffectiveBits(State().image), Context().settings->LVL_CURSOR) {}
+    : PlotDialog(IDD_HISTOGRAM, WindowKind::histogram, &ViewFlags::histogram, kParts, std::move(context)) {}
 
 CHistogram::~CHistogram() {
     Destroy();  // while the handlers of this class can still be called
 }
 
 void CHistogram::Begin() {
-    plot_.Attach(Item(IDC_HIST_PLOT));
+    PlotDialog::Begin();
     State().binning = BinningOf(Context().settings->HIS_BINNING);
     CheckDlgButton(Window(), IDC_HIST_BINNING, State().binning ? BST_CHECKED : BST_UNCHECKED);
-    ShowWindow(Item(IDC_HIST_CHANNEL), IsColour() ? SW_SHOWNA : SW_HIDE);
-    ShowLevelCursor();
     Update(true);
 }
 
@@ -47,32 +51,17 @@ void CHistogram::Update(bool) {
     FollowPlot();
 }
 
-void CHistogram::FollowTitle() {
-    if (caption_style_ == State().caption_style) return;
-    caption_style_ = State().caption_style;
-    SetCaption(HistogramTitle(State().image, *caption_style_));
+std::wstring CHistogram::Title() const {
+    return HistogramTitle(State().image, State().caption_style);
 }
 
 void CHistogram::FollowBits() {
-    level_.FollowBits(EffectiveBits(State().image));
-    if (bits_ == level_.Bits()) return;
-    bits_ = level_.Bits();
+    Cursor().FollowBits(EffectiveBits(State().image));
+    if (bits_ == Cursor().Bits()) return;
+    bits_ = Cursor().Bits();
     const std::array labels = LevelLabels(*bits_);
     for (std::size_t i = 0; i < kLevelLabels.size(); ++i) SetText(kLevelLabels[i], labels[i]);
     SetText(IDC_HIST_LEVEL_DIVISION, LevelDivisionText(*bits_));
-}
-
-void CHistogram::FollowChannel() {
-    if (channel_ == State().channel) return;
-    channel_ = State().channel;
-    SetText(IDC_HIST_CHANNEL, std::wstring(ChannelCaption(*channel_, IsColour())));
-}
-
-// Only a level that has moved is written, so that nothing disturbs the user's typing.
-void CHistogram::FollowLevel() {
-    if (level_shown_ == level_.Level()) return;
-    level_shown_ = level_.Level();
-    SetText(IDC_HIST_LEVEL, level_.Text());
 }
 
 void CHistogram::FollowLines() {
@@ -86,7 +75,7 @@ void CHistogram::FollowLines() {
         SetText(IDC_HIST_MEAN, lines.mean);
         SetText(IDC_HIST_STD, lines.std);
     }
-    const Frequency frequency{CountAt(state.measurement, state.channel, level_.Level()), level_.Level(),
+    const Frequency frequency{CountAt(state.measurement, state.channel, Cursor().Level()), Cursor().Level(),
                               state.channel};
     if (frequency_ == frequency) return;
     frequency_ = frequency;
@@ -94,11 +83,11 @@ void CHistogram::FollowLines() {
 }
 
 HistogramLook CHistogram::CurrentLook() const {
-    const SIZE size = plot_.Size();
-    return {{size.cx, size.cy, level_.Bits()},
+    const SIZE size = PlotFrame().Size();
+    return {{size.cx, size.cy, Cursor().Bits()},
             State().channel,
             State().binning,
-            level_.Shown() ? std::optional(level_.Level()) : std::nullopt};
+            Cursor().Shown() ? std::optional(Cursor().Level()) : std::nullopt};
 }
 
 void CHistogram::FollowPlot() {
@@ -108,7 +97,7 @@ void CHistogram::FollowPlot() {
     measured_ = State().measured;
     drawn_ = look;
     painter_.Draw(State().measurement, look);
-    plot_.Show(painter_.Picture());
+    PlotFrame().Show(painter_.Picture());
     if (axis_ == painter_.CountAxis()) return;
     axis_ = painter_.CountAxis();
     SetText(IDC_HIST_FULL_SCALE, FullScaleLabel(axis_->full_scale));
@@ -117,7 +106,7 @@ void CHistogram::FollowPlot() {
 
 void CHistogram::PlaceLabels() const {
     const HistogramScale scale = CurrentLook().scale;
-    const RECT plot = plot_.Place();
+    const RECT plot = PlotFrame().Place();
     for (std::size_t i = 0; i < kLevelLabels.size(); ++i) {
         const RECT label = ClientRectangleOf(Item(kLevelLabels[i]));
         const int left = QuarterLabelLeft(scale, static_cast<int>(i) + 1, SizeOf(label).cx);
@@ -127,113 +116,21 @@ void CHistogram::PlaceLabels() const {
     PlaceLabel(IDC_HIST_FULL_SCALE, top.left, plot.top + FullScaleLabelTop(SizeOf(top).cy));
 }
 
-void CHistogram::PlaceLabel(int control, int left, int top) const {
-    SetWindowPos(Item(control), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void CHistogram::ShowLevelCursor() {
-    SetText(IDC_HIST_ON, std::wstring(level_.ButtonCaption()));
-    EnableWindow(Item(IDC_HIST_LEVEL), level_.Shown());
-}
-
 void CHistogram::Changed() {
     State().edit.redraw.histogram = true;
     Update(false);
 }
 
-Handled CHistogram::OnCommand(const Command& command) {
-    if (command.code != BN_CLICKED || InModal()) return Handled::no;
-    if (command.id == IDM_HISTOGRAM_EXPORT) {
-        Export();
-        return Handled::yes;
-    }
-    if (command.id == IDC_HIST_CHANNEL) {
-        State().channel = NextChannel(State().channel, IsColour());
-        State().edit.redraw = kAllViews;
-    } else if (command.id == IDC_HIST_BINNING) {
-        State().binning = IsDlgButtonChecked(Window(), IDC_HIST_BINNING) == BST_CHECKED;
-    } else if (!OnLevelButton(command.id)) {
-        return Handled::no;
-    }
-    if (Window()) Changed();
-    return Handled::yes;
-}
-
-bool CHistogram::OnLevelButton(int id) {
-    switch (id) {
-        case IDC_HIST_CENTER:
-            level_.Centre();
-            return true;
-        case IDC_HIST_UP:
-            level_.Up();
-            return true;
-        case IDC_HIST_DOWN:
-            level_.Down();
-            return true;
-        case IDC_HIST_ENTER:
-            ApplyLevel();
-            return true;
-        case IDC_HIST_ON:
-            level_.Toggle();
-            ShowLevelCursor();
-            return true;
-        default:
-            return false;
-    }
-}
-
-Handled CHistogram::Filter(MSG& message) {
-    const KeyVerdict verdict = keys_.Test(message.message, message.wParam);
-    if (verdict.act == PlotKey::right) level_.Up();
-    if (verdict.act == PlotKey::left) level_.Down();
-    if (verdict.act == PlotKey::enter) ApplyLevel();
-    if (Window() && verdict.act != PlotKey::none) Changed();
-    return verdict.swallow ? Handled::yes : Handled::no;
-}
-
-void CHistogram::ApplyLevel() {
-    const LevelEntry entry = CheckLevelEntry(Text(IDC_HIST_LEVEL), level_.Bits());
-    if (entry.level) level_.Set(*entry.level);
-    level_shown_.reset();  // also "007" is shown as it counts
-    FollowLevel();         // before the box, so that nothing can apply a refused text again
-    if (entry.level) return;
-    ShowRefusal(Window(), entry.refusal);
-    keys_.Forget();
-}
-
-std::optional<LRESULT> CHistogram::OnMessage(UINT message, WPARAM w, LPARAM l) {
-    switch (message) {
-        case WM_DRAWITEM:
-            return plot_.Draw(l) ? std::optional<LRESULT>(TRUE) : std::nullopt;
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:  // the second one of two fast clicks
-            ClickPlot({GET_X_LPARAM(l), GET_Y_LPARAM(l)});
-            return 0;
-        case WM_CONTEXTMENU:
-            return ShowMenu(reinterpret_cast<HWND>(w), l) ? std::optional<LRESULT>(0) : std::nullopt;
-        default:
-            return std::nullopt;
-    }
-}
-
-void CHistogram::ClickPlot(POINT client) {
-    const RECT plot = plot_.Place();
-    if (client.y < plot.top || client.y >= plot.bottom) return;
-    level_.Set(LevelAtClick(client.x, plot.left, plot.right, State().image));
-    Changed();
-}
-
-bool CHistogram::ShowMenu(HWND control, LPARAM position) {
-    const POINT at = MenuPosition(control, position);
-    POINT client = at;
-    ScreenToClient(Window(), &client);
-    RECT area{};
-    GetClientRect(Window(), &area);
-    if (InModal() || !PtInRect(&area, client)) return false;  // the caption has the system's menu
-    const UniqueMenu menu = LoadMenuResource(IDR_HISTOGRAM_MENU);
-    const int command = TrackPopup(Window(), GetSubMenu(menu.get(), 0), at);
-    if (command != 0) SendMessageW(Window(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+bool CHistogram::OnOwnButton(int id) {
+    if (id != IDC_HIST_BINNING) return false;
+    State().binning = IsDlgButtonChecked(Window(), id) == BST_CHECKED;
     return true;
+}
+
+std::optional<std::uint32_t> CHistogram::LevelAtPoint(POINT client) const {
+    const RECT plot = PlotFrame().Place();
+    if (client.y < plot.top || client.y >= plot.bottom) return std::nullopt;
+    return LevelAtClick(client.x, plot.left, plot.right, State().image);
 }
 
 void CHistogram::Export() {

@@ -6,19 +6,17 @@
 #include <optional>
 #include <string>
 
-#include "analysis/level_cursor.h"
 #include "analysis/profile_hold.h"
 #include "analysis/profile_line.h"
 #include "analysis/profile_plot.h"
 #include "analysis/profile_texts.h"
-#include "analysis/windows/analysis_view.h"
-#include "analysis/windows/plot_view.h"
+#include "analysis/windows/plot_dialog.h"
 
 namespace pixora {
 
 /// Plots the samples along the viewer's row or column. While its line cursor is on, the line shows in the
 /// viewer and the window's buttons move it.
-class CProfileDlg final : public AnalysisView {
+class CProfileDlg final : public PlotDialog {
 public:
     CProfileDlg(ProfileKind kind, ViewContext context);
     ~CProfileDlg() override;
@@ -27,9 +25,13 @@ private:
     void Begin() override;
     void Update(bool asked) override;
     void End() override;
-    Handled OnCommand(const Command& command) override;
-    Handled Filter(MSG& message) override;
-    std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
+    [[nodiscard]] std::wstring Title() const override;
+    void Changed() override { Update(false); }
+    [[nodiscard]] bool OnOwnButton(int id) override;
+    [[nodiscard]] std::optional<std::uint32_t> LevelAtPoint(POINT client) const override;
+    void ApplyEntries() override;
+    [[nodiscard]] bool IsForBox(const MSG& message) const override;
+    void Export() override;
 
     // What the viewer's state says of this view's line.
     [[nodiscard]] std::uint16_t& Line() const;
@@ -37,7 +39,6 @@ private:
     [[nodiscard]] const LineProfile& Newest() const;
     [[nodiscard]] unsigned NewestRead() const;
     [[nodiscard]] ProfileScope Scope() const;
-    [[nodiscard]] bool IsColour() const { return State().image.colour != 0; }
 
     /// Everything that decides how the plot and its labels look, besides the samples.
     struct Drawn {
@@ -49,44 +50,24 @@ private:
     };
     [[nodiscard]] Drawn CurrentlyDrawn() const;
     [[nodiscard]] ProfileScale Scale() const;
-    void FollowTitle();
-    void FollowChannel();
-    void FollowBoxes();
+    void FollowLine();
     void ShowLine();
-    void ShowLevel();
     void FollowPlot();
     void PlaceLevelLabels() const;
     void ShowLabels();
     void ShowLineCursor();
-    void ShowLevelCursor();
 
-    [[nodiscard]] bool OnLineButton(int id);
-    [[nodiscard]] bool OnLevelButton(int id);
     void ToggleLine();
     void MoveLine(std::uint16_t line);
-    void ClickPlot(POINT client);
-    [[nodiscard]] bool IsForBox(const MSG& message) const;
     void ApplyLine();
-    void ApplyLevel();
-    void ApplyBoxes();
-    void Refuse(const InputError& refusal);
     /// No further boxes then.
     [[nodiscard]] bool ViewerIsToClose() const;
-    /// @return false when the position is not in the client area.
-    [[nodiscard]] bool ShowMenu(HWND control, LPARAM position);
-    void Export();
 
     ProfileKind kind_;
-    LevelCursor level_;
-    PlotKeys keys_;
     HeldProfile held_;
-    PlotView plot_;
     ProfileLabels labels_;
     std::optional<Drawn> drawn_;
-    std::optional<std::wstring> caption_style_;  ///< that the title was composed with
-    std::optional<int> channel_;                 ///< on the channel button
-    std::optional<std::uint16_t> line_;          ///< last put into the "Line Number =" box
-    std::optional<std::uint32_t> level_shown_;   ///< last put into the "Level =" box
+    std::optional<std::uint16_t> line_;  ///< last put into the "Line Number =" box
 };
 
 }  // namespace pixora

@@ -62,11 +62,30 @@ struct Bench {
         close(box);
         WaitFor("the view", [&] { return view.Enabled(); });
     }
-    [[nodiscard]] FileDialog OpenExport() {
+    /// A point of the screen, counted from the plot's left and bottom edge.
+    [[nodiscard]] POINT UnderPlot(int x, int y) const {
         const RECT plot = view.Item(kHistPlot).Frame();
-        const POINT at{plot.left + 40, plot.top + 40};
+        return {plot.left + x, plot.bottom + y};
+    }
+    /// The second of two fast clicks in a column of the plot.
+    void ClickTwice(int x, const std::wstring& level) const {
+        const RECT client = view.Client();
+        const POINT at = UnderPlot(x, -40);
+        view.Post(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x - client.left, at.y - client.top));
+        WaitForText(view, kHistLevel, level);
+    }
+    [[nodiscard]] FileDialog OpenExport() {
+        const POINT at = UnderPlot(40, -40);
         PointAt(at);
         ClickAt(at, Button::right);
+        return ChooseExport();
+    }
+    /// As the keyboard asks for the menu while the view itself has the focus.
+    [[nodiscard]] FileDialog OpenExportByKeyboard() {
+        view.Post(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view.Handle()), -1);
+        return ChooseExport();
+    }
+    [[nodiscard]] FileDialog ChooseExport() {
         OpenMenu menu(program.Running(), program.Inside());
         CHECK(menu.Items().size() == 1);
         menu.Choose(L"&Export to CSV file");
@@ -97,6 +116,7 @@ TEST_CASE("the level is moved by buttons, clicks and arrow keys, to both ends of
     WaitFor("the cursor beside the left edge",
             [&] { return HistogramPicture(bench.program, bench.view).IsCursorColumn(1); });
     Click(bench.view.Item(kHistDown));  // stays at 0
+    ClickAt(bench.UnderPlot(60, 6));    // not in the plot
     bench.Push(kHistUp, L"1");
     bench.ClickPlot(bench.PlotWidth() + 6, L"255");
     bench.WaitForLevel(L"255", L"48");
@@ -104,7 +124,11 @@ TEST_CASE("the level is moved by buttons, clicks and arrow keys, to both ends of
     bench.Push(kHistDown, L"254");
     bench.ClickPlot(bench.PlotWidth() / 4 + 1, L"64");
     bench.WaitForLevel(L"64", L"48");
+    bench.ClickTwice(bench.PlotWidth() + 6, L"255");
+    bench.ClickTwice(bench.PlotWidth() / 4 + 1, L"64");
 
+    // The menu is the plot's: beside it the right button opens none, which would take the key.
+    ClickAt(bench.UnderPlot(40, 6), Button::right);
     PressKey(VK_RIGHT);
     bench.WaitForLevel(L"65", L"0");
     PressKey(VK_RIGHT);
@@ -198,7 +222,7 @@ TEST_CASE("a histogram is exported through the save dialog, or not at all") {
                     (level == 40 ? ",24" : ",0") + "\r\n";
     CHECK(ReadBytes(other / L"mine.csv") == expected);
     CHECK(StoredSetting(L"PATH_CSV") == other.wstring() + L"\\");
-    bench.OpenExport().Accept(L"second");  // the dialog starts where the first one was saved
+    bench.OpenExportByKeyboard().Accept(L"second");  // the dialog starts where the first one was saved
     bench.DismissNotice();
     CHECK(ReadBytes(other / L"second.csv") == expected);
     bench.program.Exit();

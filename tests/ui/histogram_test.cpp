@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <map>
 
 #include "tests/ui/support/histogram_view.h"
@@ -49,6 +50,17 @@ void CheckLines(const Window& view, const std::vector<std::uint32_t>& values, st
     std::wstring count = std::to_wstring(std::ranges::count(values, level));
     if (count.size() > 3) count.insert(count.size() - 3, L",");
     WaitForText(view, kHistFrequency, L"Freq. = " + count + L" (at " + std::to_wstring(level) + L")");
+}
+
+/// The labels of the levels stand under the quarters of the plot, that of the full scale beside its top.
+void CheckLabelPlaces(const Window& view) {
+    const RECT plot = view.Item(kHistPlot).Frame();
+    for (int i = 0; i < 4; ++i) {
+        CAPTURE(i);
+        const int column = (i + 1) * (plot.right - plot.left - 1) / 4;
+        CHECK(std::abs(view.Item(kHistLabels[i]).Centre().x - (plot.left + column)) <= 1);
+    }
+    CHECK(std::abs(view.Item(kHistFullScale).Centre().y - plot.top) <= 2);
 }
 
 void SetMinimised(const Program& program, bool minimised) {
@@ -184,12 +196,22 @@ TEST_CASE("the plot of a grey image has its bars, its grid and its cursor where 
     CHECK(plot.HasGridColumn(3 * (width - 1) / 8));
     CHECK_FALSE(plot.HasGridColumn(3 * (width - 1) / 8 + 7));
     CHECK(plot.IsCursorColumn(static_cast<int>(128 * step)));
+    CheckLabelPlaces(view);
 
+    TypeInto(view.Item(kHistLevel), L"0130");
+    WaitForText(view, kHistLevel, L"0130");
     Click(view.Item(kHistOn));
     WaitForText(view, kHistOn, L"ON");
     CHECK_FALSE(view.Item(kHistLevel).Enabled());
     WaitFor("the plot without the cursor",
             [&] { return !HistogramPicture(program, view).IsCursorColumn(static_cast<int>(128 * step)); });
+    // The keys work without the cursor.
+    PressKey(VK_RETURN);
+    WaitForText(view, kHistLevel, L"130");
+    PressKey(VK_LEFT);
+    WaitForText(view, kHistLevel, L"129");
+    PressKey(VK_LEFT);
+    WaitForText(view, kHistLevel, L"128");
     Click(view.Item(kHistOn));
     WaitForText(view, kHistOn, L"OFF");
     CHECK(view.Item(kHistLevel).Enabled());

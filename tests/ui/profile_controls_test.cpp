@@ -78,6 +78,14 @@ struct Bench {
         WaitForText(view, kLevel, level);
     }
 
+    /// The second of two fast clicks in the plot.
+    void ClickTwice(int x, int y, const std::wstring& level) const {
+        const RECT client = view.Client();
+        const POINT at = InPlot(x, y);
+        view.Post(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x - client.left, at.y - client.top));
+        WaitForText(view, kLevel, level);
+    }
+
     /// Waits until the plot of red 200 has its level cursor there.
     void WaitForLevelLine(int level) {
         const std::uint32_t pen = level == 0 ? Rgb(128, 128, 128) : kLevelPenOverRed;  // 0 lies on the frame
@@ -112,13 +120,19 @@ TEST_CASE("the buttons of the line cursor move a row up and down, to the ends an
     DrawAcross(shown, 15, 0, 60, kViewerLine);
     WaitToSee(bench.program, bench.viewer, shown);
 
-    // Hidden, the line cannot be moved by its own controls.
+    // Hidden, the line cannot be moved by its own controls, nor is its box entered; a level still is.
+    TypeInto(bench.view.Item(kLine), L"9");
+    TypeInto(bench.view.Item(kLevel), L"007");
+    WaitForText(bench.view, kLevel, L"007");
     Click(bench.view.Item(kCursor));
     WaitForText(bench.view, kCursor, L"CURSOR ON");
     WaitToSee(bench.program, bench.viewer, plain);
     for (const int control : {kLine, kLineUp, kLineDown, kLineCentre})
         CHECK_FALSE(bench.view.Item(control).Enabled());
     CHECK(bench.view.Item(kLevel).Enabled());
+    bench.view.Command(kLineDown);
+    PressKey(VK_RETURN);
+    WaitForText(bench.view, kLevel, L"7");
     Click(bench.view.Item(kCursor));
     WaitForText(bench.view, kCursor, L"CURSOR OFF");
     WaitToSee(bench.program, bench.viewer, shown);
@@ -178,14 +192,20 @@ TEST_CASE("the level cursor is stepped, centred, clicked, hidden and shown") {
     Click(bench.view.Item(kLevelDown));
     WaitForText(bench.view, kLevel, L"254");
     bench.ClickPlot(bench.PlotWidth() - 1, height + 3, L"0");
+    bench.ClickTwice(middle, 0, L"255");
 
+    // Hidden, the level is still entered.
+    TypeInto(bench.view.Item(kLevel), L"090");
+    WaitForText(bench.view, kLevel, L"090");
     Click(bench.view.Item(kLevelOn));
     WaitForText(bench.view, kLevelOn, L"ON");
     WaitForPlot(bench.program, bench.view, plot);
     CHECK_FALSE(bench.view.Item(kLevel).Enabled());
+    PressKey(VK_RETURN);
+    WaitForText(bench.view, kLevel, L"90");
     Click(bench.view.Item(kLevelOn));
     WaitForText(bench.view, kLevelOn, L"OFF");
-    wait_for_level(0);
+    wait_for_level(90);
     CHECK(bench.view.Item(kLevel).Enabled());
     bench.program.Exit();
 }

@@ -1,6 +1,9 @@
 // The line profile views: what they tell and show, and how they follow their viewer.
 #include <doctest/doctest.h>
 
+#include <cstdlib>
+#include <iterator>
+
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/profile_view.h"
@@ -63,6 +66,18 @@ std::vector<int> ColumnSamples() {
 
 void CheckLevelLabels(const Window& view, const std::vector<std::wstring>& texts) {
     for (std::size_t i = 0; i < texts.size(); ++i) CHECK(view.ItemText(kLevelLabels[i]) == texts[i]);
+}
+
+/// Each label of a level of 8 bits stands beside its row.
+void CheckLevelLabelPlaces(const Window& view) {
+    const RECT plot = view.Item(kPlot).Frame();
+    const int height = plot.bottom - plot.top;
+    constexpr int kLevels[] = {255, 192, 128, 64};
+    for (std::size_t i = 0; i < std::size(kLevels); ++i) {
+        CAPTURE(kLevels[i]);
+        const int row = plot.top + height - 1 - kLevels[i] * height / 256;
+        CHECK(std::abs(view.Item(kLevelLabels[i]).Centre().y - row) <= 1);
+    }
 }
 
 /// Clicks into the viewer with a key held, and waits for the line of a view.
@@ -171,6 +186,7 @@ TEST_CASE("a profile view tells the kind, the file, the depth and the extent of 
 TEST_CASE("both profile lines show in the viewer, follow its clicks and take their plots along") {
     Bench bench;
     const Window row = bench.OpenRow();
+    CheckLevelLabelPlaces(row);
     bench.WaitForLines(14, -1);
     WaitForPlot(bench.program, row, RowPlot(row, 14, 128));
     const Window column = bench.OpenColumn();

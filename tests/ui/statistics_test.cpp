@@ -276,7 +276,9 @@ TEST_CASE("the statistics of a colour image follow the channel and the region") 
     MoveTo(profile, {900, 100});  // off this view
     constexpr int kProfileChannel = 1056;
     WaitForText(profile, kProfileChannel, L"R");
-    PressButton(view, kChannel);
+    // The second of two fast clicks.
+    view.Post(WM_COMMAND, MAKEWPARAM(kChannel, BN_DOUBLECLICKED),
+              reinterpret_cast<LPARAM>(view.Item(kChannel).Handle()));
     WaitForText(profile, kProfileChannel, L"G");
     PressButton(profile, kProfileChannel);
     WaitForButton(program, view, kChannel, L"B", 0x9BD0FB);
