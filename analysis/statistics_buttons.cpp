@@ -41,7 +41,7 @@ RegionButtons LookOfRegionButtons(const RegionModes& modes) {
 }
 
 int ValidChannel(int channel, bool colour) {
-    return colour && (channel < kRed || channel > kAllChannels) ? kRed : channel;
+    return colour && !IsColourChannel(channel) ? kRed : channel;
 }
 
 ButtonLook LookOfChannelButton(bool colour, int channel) {
