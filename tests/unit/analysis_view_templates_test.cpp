@@ -1,9 +1,7 @@
 // The templates of the statistics and the image information view.
 #include <doctest/doctest.h>
 
-#include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "tests/unit/support/resources.h"
@@ -11,20 +9,6 @@
 using namespace pixora;
 
 namespace {
-
-using Texts = std::vector<std::pair<int, std::wstring>>;
-
-Texts ControlsOf(const DialogTemplate& dialog) {
-    Texts texts;
-    for (const TemplateControl& control : dialog.controls) texts.emplace_back(control.id, control.text);
-    return texts;
-}
-
-const TemplateControl& Find(const DialogTemplate& dialog, int id) {
-    const auto found = std::ranges::find(dialog.controls, id, &TemplateControl::id);
-    REQUIRE(found != dialog.controls.end());
-    return *found;
-}
 
 constexpr int kLabel = -1;
 
@@ -35,32 +19,32 @@ TEST_CASE("the statistics view has its controls, in the order of the Tab key") {
     CHECK(dialog.id == 154);
     CHECK(dialog.caption == L"Statistics View");
     CHECK(ControlsOf(dialog) ==
-          Texts{{1245, L""},          {1246, L""},       {1226, L""},     {1227, L""},
-                {1056, L"REGION ON"}, {1057, L"CORNER"}, {1058, L"MOVE"}, {1062, L"H-V ON"},
-                {1225, L""},          {kLabel, L"Max."}, {1173, L""},     {kLabel, L"Min."},
-                {1174, L""},          {kLabel, L"Mean"}, {1176, L""},     {kLabel, L"Std."},
-                {1175, L""},          {1006, L" "},      {1237, L""},     {1239, L""},
-                {1240, L""},          {1241, L""}});
+          ControlTexts{{1245, L""},          {1246, L""},       {1226, L""},     {1227, L""},
+                       {1056, L"REGION ON"}, {1057, L"CORNER"}, {1058, L"MOVE"}, {1062, L"H-V ON"},
+                       {1225, L""},          {kLabel, L"Max."}, {1173, L""},     {kLabel, L"Min."},
+                       {1174, L""},          {kLabel, L"Mean"}, {1176, L""},     {kLabel, L"Std."},
+                       {1175, L""},          {1006, L" "},      {1237, L""},     {1239, L""},
+                       {1240, L""},          {1241, L""}});
     for (const int button : {1056, 1057, 1058, 1062, 1006})
-        CHECK(Find(dialog, button).style.find("BS_OWNERDRAW") != std::string::npos);
+        CHECK(FindControl(dialog, button).style.find("BS_OWNERDRAW") != std::string::npos);
     for (const int box : {1173, 1174, 1176, 1175})
-        CHECK(Find(dialog, box).style.find("ES_READONLY") != std::string::npos);
+        CHECK(FindControl(dialog, box).style.find("ES_READONLY") != std::string::npos);
 }
 
 TEST_CASE("the image information view has its lines") {
     const DialogTemplate dialog = ReadTemplate("IDD_IMAGE_INFO");
     CHECK(dialog.id == 169);
     CHECK(dialog.caption == L"Image Info.");
-    CHECK(ControlsOf(dialog) == Texts{{1249, L"Folder: "},
-                                      {1250, L""},
-                                      {1247, L"File Name: "},
-                                      {1246, L""},
-                                      {1245, L""},
-                                      {1224, L""},
-                                      {1293, L""},
-                                      {1225, L""},
-                                      {1226, L""},
-                                      {1209, L""}});
+    CHECK(ControlsOf(dialog) == ControlTexts{{1249, L"Folder: "},
+                                             {1250, L""},
+                                             {1247, L"File Name: "},
+                                             {1246, L""},
+                                             {1245, L""},
+                                             {1224, L""},
+                                             {1293, L""},
+                                             {1225, L""},
+                                             {1226, L""},
+                                             {1209, L""}});
 }
 
 TEST_CASE("an ampersand in a name or a format is shown as it is") {

@@ -15,14 +15,6 @@ using namespace pixora;
 
 namespace {
 
-using Texts = std::vector<std::pair<int, std::wstring>>;
-
-Texts ControlsOf(const DialogTemplate& dialog) {
-    Texts texts;
-    for (const TemplateControl& control : dialog.controls) texts.emplace_back(control.id, control.text);
-    return texts;
-}
-
 /// The ids of the text lines from top to bottom.
 std::vector<int> LinesDownwards(const DialogTemplate& dialog) {
     std::vector<std::pair<int, int>> lines;
@@ -32,12 +24,6 @@ std::vector<int> LinesDownwards(const DialogTemplate& dialog) {
     std::vector<int> ids;
     for (const auto& [y, id] : lines) ids.push_back(id);
     return ids;
-}
-
-const TemplateControl& Find(const DialogTemplate& dialog, int id) {
-    const auto found = std::ranges::find(dialog.controls, id, &TemplateControl::id);
-    REQUIRE(found != dialog.controls.end());
-    return *found;
 }
 
 bool Overlap(const TemplateControl& a, const TemplateControl& b) {
@@ -84,47 +70,47 @@ TEST_CASE("the dialog templates have their numbers, sizes and captions") {
 
 TEST_CASE("the main window has its controls, in the order of the Tab key") {
     const DialogTemplate dialog = ReadTemplate("IDD_IMG_IMPORT");
-    CHECK(ControlsOf(dialog) == Texts{{1173, L""},
-                                      {1300, L"..."},
-                                      {1296, L"Display Size"},
-                                      {1209, L""},
-                                      {1065, L"EDIT"},
-                                      {1303, L"RELOAD"}});
+    CHECK(ControlsOf(dialog) == ControlTexts{{1173, L""},
+                                             {1300, L"..."},
+                                             {1296, L"Display Size"},
+                                             {1209, L""},
+                                             {1065, L"EDIT"},
+                                             {1303, L"RELOAD"}});
     CHECK(dialog.style.find("WS_EX_TOPMOST") != std::string::npos);
-    CHECK(Find(dialog, 1173).style.find("ES_READONLY") != std::string::npos);
-    CHECK(Find(dialog, 1209).kind == "COMBOBOX");
-    CHECK(Find(dialog, 1209).style.find("CBS_DROPDOWN ") != std::string::npos);
+    CHECK(FindControl(dialog, 1173).style.find("ES_READONLY") != std::string::npos);
+    CHECK(FindControl(dialog, 1209).kind == "COMBOBOX");
+    CHECK(FindControl(dialog, 1209).style.find("CBS_DROPDOWN ") != std::string::npos);
 }
 
 TEST_CASE("the coordinates of a region have their entries, which begin read-only, and their buttons") {
     const DialogTemplate dialog = ReadTemplate("IDD_COORDINATE");
-    CHECK(ControlsOf(dialog) == Texts{{1220, L"Left - Top (H, V) =    "},
-                                      {1173, L""},
-                                      {1175, L""},
-                                      {1221, L"Right- Bottom (H,V) ="},
-                                      {1176, L""},
-                                      {1177, L""},
-                                      {1056, L"EDIT VALUE"},
-                                      {1174, L"ENTER"}});
+    CHECK(ControlsOf(dialog) == ControlTexts{{1220, L"Left - Top (H, V) =    "},
+                                             {1173, L""},
+                                             {1175, L""},
+                                             {1221, L"Right- Bottom (H,V) ="},
+                                             {1176, L""},
+                                             {1177, L""},
+                                             {1056, L"EDIT VALUE"},
+                                             {1174, L"ENTER"}});
     for (const int entry : {1173, 1175, 1176, 1177}) {
-        CHECK(Find(dialog, entry).style.find("ES_READONLY") != std::string::npos);
-        CHECK(Find(dialog, entry).style.find("ES_NUMBER") == std::string::npos);
+        CHECK(FindControl(dialog, entry).style.find("ES_READONLY") != std::string::npos);
+        CHECK(FindControl(dialog, entry).style.find("ES_NUMBER") == std::string::npos);
     }
     for (const int button : {1056, 1174})
-        CHECK(Find(dialog, button).style.find("BS_OWNERDRAW") != std::string::npos);
+        CHECK(FindControl(dialog, button).style.find("BS_OWNERDRAW") != std::string::npos);
 }
 
 TEST_CASE("the message windows have their controls") {
     CHECK(ControlsOf(ReadTemplate("IDD_PX_ERROR")) ==
-          Texts{{1308, L""}, {1310, L""}, {1309, L""}, {1, L"OK"}});
+          ControlTexts{{1308, L""}, {1310, L""}, {1309, L""}, {1, L"OK"}});
     CHECK(ControlsOf(ReadTemplate("IDD_CONFIRM_ERR")) ==
-          Texts{{1022, L""}, {1053, L""}, {1051, L""}, {1052, L""}, {1, L"OK"}});
+          ControlTexts{{1022, L""}, {1053, L""}, {1051, L""}, {1052, L""}, {1, L"OK"}});
     CHECK(ControlsOf(ReadTemplate("IDD_CONFIRM_OK")) ==
-          Texts{{1053, L""}, {1051, L""}, {1052, L""}, {1, L"OK"}});
+          ControlTexts{{1053, L""}, {1051, L""}, {1052, L""}, {1, L"OK"}});
     CHECK(ControlsOf(ReadTemplate("IDD_CONFIRM_YES_CANCEL")) ==
-          Texts{{1081, L""}, {1079, L""}, {1080, L""}, {1, L"OK"}, {1314, L"CANCEL"}});
-    CHECK(ControlsOf(ReadTemplate("IDD_ONESHOT_MESSAGE")) == Texts{{kOneshotControl, L""}});
-    CHECK(ControlsOf(ReadTemplate("IDD_VALUE_ENTRY")) == Texts{{1002, L""}, {1003, L"OK"}});
+          ControlTexts{{1081, L""}, {1079, L""}, {1080, L""}, {1, L"OK"}, {1314, L"CANCEL"}});
+    CHECK(ControlsOf(ReadTemplate("IDD_ONESHOT_MESSAGE")) == ControlTexts{{kOneshotControl, L""}});
+    CHECK(ControlsOf(ReadTemplate("IDD_VALUE_ENTRY")) == ControlTexts{{1002, L""}, {1003, L"OK"}});
 }
 
 TEST_CASE("the lines of the message windows stand in their order") {
@@ -133,9 +119,9 @@ TEST_CASE("the lines of the message windows stand in their order") {
     CHECK(LinesDownwards(ReadTemplate("IDD_CONFIRM_OK")) == std::vector{1053, 1051, 1052});
     const DialogTemplate question = ReadTemplate("IDD_CONFIRM_YES_CANCEL");
     CHECK(LinesDownwards(question) == std::vector{1081, 1079, 1080});
-    CHECK(Find(question, 1081).y == 7);
-    CHECK(Find(question, 1079).y == 17);
-    CHECK(Find(question, 1080).y == 23);
+    CHECK(FindControl(question, 1081).y == 7);
+    CHECK(FindControl(question, 1079).y == 17);
+    CHECK(FindControl(question, 1080).y == 23);
 }
 
 TEST_CASE("the message windows fill the lines that their templates have") {
@@ -144,7 +130,8 @@ TEST_CASE("the message windows fill the lines that their templates have") {
                                     std::pair{"IDD_CONFIRM_OK", InformationBox(message)},
                                     std::pair{"IDD_CONFIRM_YES_CANCEL", QuestionBox(message)}}) {
         CAPTURE(name);
-        for (const BoxLine& line : box.lines) CHECK(Find(ReadTemplate(name), line.control).text.empty());
+        for (const BoxLine& line : box.lines)
+            CHECK(FindControl(ReadTemplate(name), line.control).text.empty());
     }
 }
 
@@ -159,11 +146,11 @@ TEST_CASE("splash page and About box have a picture at the top and every line of
     CHECK(splash.style.find("WS_CAPTION") == std::string::npos);
     CHECK(LinesDownwards(splash) == std::vector{1165, 1169, 1166, 1168});
     CHECK(splash.controls.size() == kSplashTexts.size() + 1);
-    for (const IdentityText& text : kSplashTexts) CHECK(Find(splash, text.control).kind == "LTEXT");
+    for (const IdentityText& text : kSplashTexts) CHECK(FindControl(splash, text.control).kind == "LTEXT");
     CHECK(about.controls.size() == kAboutTexts.size() + 2);
-    for (const IdentityText& text : kAboutTexts) CHECK(Find(about, text.control).kind == "LTEXT");
-    CHECK(Find(about, 1).text == L"OK");
-    CHECK(Find(about, kLinkControl).style.find("SS_NOTIFY") != std::string::npos);
+    for (const IdentityText& text : kAboutTexts) CHECK(FindControl(about, text.control).kind == "LTEXT");
+    CHECK(FindControl(about, 1).text == L"OK");
+    CHECK(FindControl(about, kLinkControl).style.find("SS_NOTIFY") != std::string::npos);
 }
 
 TEST_CASE("the wait window's template says what the program shows") {

@@ -134,6 +134,18 @@ DialogTemplate ReadTemplate(const std::string& name) {
     return result;
 }
 
+ControlTexts ControlsOf(const DialogTemplate& dialog) {
+    ControlTexts texts;
+    for (const TemplateControl& control : dialog.controls) texts.emplace_back(control.id, control.text);
+    return texts;
+}
+
+const TemplateControl& FindControl(const DialogTemplate& dialog, int id) {
+    const auto found = std::ranges::find(dialog.controls, id, &TemplateControl::id);
+    REQUIRE(found != dialog.controls.end());
+    return *found;
+}
+
 std::vector<std::string> TemplateNames() {
     std::vector<std::string> names;
     for (const std::string& script : Scripts())

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pixora {
@@ -30,6 +31,11 @@ struct DialogTemplate {
 };
 /// A template by the name of its id; the test fails when there is none.
 [[nodiscard]] DialogTemplate ReadTemplate(const std::string& name);
+/// The ids and texts of a template's controls, in tab order.
+using ControlTexts = std::vector<std::pair<int, std::wstring>>;
+[[nodiscard]] ControlTexts ControlsOf(const DialogTemplate& dialog);
+/// The control with this id; the test fails when there is none.
+[[nodiscard]] const TemplateControl& FindControl(const DialogTemplate& dialog, int id);
 /// The names of all templates.
 [[nodiscard]] std::vector<std::string> TemplateNames();
 
