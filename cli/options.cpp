@@ -16,7 +16,7 @@ constexpr std::string_view kMark = "\x01";
 constexpr std::string_view kExitStatus =
     "Exit status: 0 all done; 1 a file was refused, or could not be read or written; 2 wrong usage.";
 
-// The parser takes a text in brackets for a list; as a name of a file it must come through whole.
+// The parser takes a text in brackets for a list; it must come through whole, as a name and in a complaint.
 bool LooksLikeList(std::string_view text) {
     return text.size() >= 2 && text.front() == '[' && text.back() == ']';
 }
@@ -31,6 +31,11 @@ std::string Plain(const std::string& text) {
 struct Typed {
     std::string region, valid_bits = "auto", format = "text", channel = "RGB", out, data;
     std::string row, column;
+
+    void TakeMarksOff() {
+        for (std::string* text : {&region, &valid_bits, &format, &channel, &out, &data, &row, &column})
+            *text = Plain(*text);
+    }
 };
 
 void AddFiles(::CLI::App& command, bool many) {
@@ -206,8 +211,8 @@ Options TakeOptions(const ::CLI::App& program, const Typed& typed) {
     options.format = static_cast<Format>(ChoiceOf("--format", typed.format, kFormats));
     options.channel = kRed + ChoiceOf("--channel", typed.channel, kChannels);
     if (options.command == Command::profile) TakeLine(command, typed, options);
-    options.out = Plain(typed.out);
-    options.data = Plain(typed.data);
+    options.out = typed.out;
+    options.data = typed.data;
     return options;
 }
 
@@ -263,6 +268,7 @@ std::variant<Options, Reply> ParseOptions(std::vector<std::string> arguments) {
     std::ranges::transform(arguments, arguments.begin(), Protected);
     try {
         program.parse(arguments);
+        typed.TakeMarksOff();
         return TakeOptions(program, typed);
     } catch (const ::CLI::CallForVersion& call) {
         return Reply{std::string(call.what()) + "\n"};

@@ -103,6 +103,15 @@ TEST_CASE("wrong usage is told in one line") {
     CHECK(Complaint({"profile", "a", "--out", "b", "--row", "1", "--column", "1"}) ==
           "either --row or --column must be given");
     CHECK(Complaint({"profile", "a", "--out", "b", "--row", "x"}) == "--row takes a whole number, not \"x\"");
+    CHECK(Complaint({"info", "a", "--format", "[x]"}) == "--format takes text, csv or json, not \"[x]\"");
+    CHECK(Complaint({"info", "a", "--valid-bits", "[8]"}) ==
+          "--valid-bits takes auto, 8, 10, 12, 14 or 16, not \"[8]\"");
+    CHECK(Complaint({"histogram", "a", "--out", "b", "--channel", "[R]"}) ==
+          "--channel takes R, G, B or RGB, not \"[R]\"");
+    CHECK(Complaint({"stats", "a", "--region", "[1,2,3,4]"}) ==
+          "--region takes left,top,right,bottom in pixels, not \"[1,2,3,4]\"");
+    CHECK(Complaint({"profile", "a", "--out", "b", "--column", "[0]"}) ==
+          "--column takes a whole number, not \"[0]\"");
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"info", "a", "--region", "0,0,0,0"},
           {"info", "a", "--bogus"},
