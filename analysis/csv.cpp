@@ -19,6 +19,7 @@ struct Field {
 constexpr Field kPlace{99'999, "-----"};  // of locations, levels and values
 constexpr Field kCount{99'999'999, "--------"};
 constexpr std::size_t kLongestField = 8;
+constexpr wchar_t kSeparator = L'\\';
 
 /// The channels that a file holds, by their places in the pixel, in the order of its columns. Deliberate: a
 /// selector that a colour image does not have gives no column, though the views would show blue.
@@ -79,6 +80,7 @@ std::wstring_view WithoutExtension(std::wstring_view name) {
 std::wstring ProposedName(std::wstring_view folder, std::wstring_view image_name, std::wstring_view what,
                           bool colour, int channel) {
     std::wstring name(folder);
+    if (!name.empty() && !name.ends_with(kSeparator)) name += kSeparator;
     name += WithoutExtension(image_name);
     name += what;
     if (colour && IsColourChannel(channel))
@@ -131,7 +133,7 @@ std::wstring ProfileCsvName(std::wstring_view folder, std::wstring_view image_na
 }
 
 std::wstring CsvFolderOf(std::wstring_view path) {
-    const std::size_t separator = path.rfind(L'\\');
+    const std::size_t separator = path.rfind(kSeparator);
     return std::wstring(path.substr(0, separator == std::wstring_view::npos ? 0 : separator + 1));
 }
 

@@ -20,8 +20,8 @@ namespace pixora {
 /// A profile: a header, then one line a position.
 [[nodiscard]] std::string ProfileCsv(const LineProfile& profile, bool colour, int channel);
 
-/// What is proposed for a histogram: `folder`, the image's name without its extension, "_HIS", the channel
-/// and ".csv", for example L"C:\\data\\a_HIS(RGB).csv".
+/// What is proposed for a histogram: `folder`, with or without a backslash at its end, the image's name
+/// without its extension, "_HIS", the channel and ".csv", for example L"C:\\data\\a_HIS(RGB).csv".
 [[nodiscard]] std::wstring HistogramCsvName(std::wstring_view folder, std::wstring_view image_name,
                                             bool colour, int channel);
 /// As above with "_H" or "_V" and the number of the line: L"C:\\data\\a_H120(RGB).csv".

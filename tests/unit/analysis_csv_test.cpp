@@ -117,6 +117,11 @@ TEST_CASE("the name of a histogram's file is proposed from the image's and the c
     CHECK(HistogramCsvName(L"", L"a.b.tif", true, 7) == L"a.b_HIS.csv");
 }
 
+TEST_CASE("a folder that was stored without its last backslash gets one in a proposed name") {
+    CHECK(HistogramCsvName(L"D:\\data", L"a.tif", false, 0) == L"D:\\data\\a_HIS.csv");
+    CHECK(ProfileCsvName(L"D:", L"a.bmp", ProfileKind::vertical, 3, false, 0) == L"D:\\a_V3.csv");
+}
+
 TEST_CASE("an image's name loses everything from its last point on, even all of it") {
     CHECK(HistogramCsvName(L"", L"plain", false, 0) == L"plain_HIS.csv");
     CHECK(HistogramCsvName(L"", L".bmp", false, 0) == L"_HIS.csv");
