@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -63,7 +64,10 @@ std::optional<Request> Parse(int count, const char* const* arguments) {
 bool Load(const Request& request, std::vector<std::uint16_t>& samples) {
     std::optional<File> file = File::OpenForReading(request.input);
     if (!file) return false;
-    samples.resize(static_cast<std::size_t>(request.width * request.height * 3));
+    const std::uint64_t count = request.width * request.height * 3, bytes = count * sizeof(std::uint16_t);
+    const std::uint64_t size = file->Size();
+    if (request.offset > size || bytes > size - request.offset) return false;  // before the memory is taken
+    samples.resize(static_cast<std::size_t>(count));
     return file->ReadExactly(request.offset, std::as_writable_bytes(std::span(samples)));
 }
 
@@ -87,6 +91,26 @@ void Print(const std::vector<double>& seconds, const SampleStatistics& check) {
     std::fputs("]}\n", stdout);
 }
 
+int Measured(const Request& request) {
+    std::vector<std::uint16_t> samples;
+    if (!Load(request, samples)) {
+        std::fprintf(stderr, "%s: the samples cannot be read\n", request.input.c_str());
+        return 1;
+    }
+    const SampleImage image{static_cast<int>(request.width), static_cast<int>(request.height), !request.mono,
+                            16, samples};
+    // One pass counts, and the counts give the statistics, so the views ask for both at once.
+    Measurement measurement;
+    std::vector<double> seconds;
+    for (std::uint64_t i = 0; i < request.repeat; ++i) {
+        const auto begin = std::chrono::steady_clock::now();
+        Measure(image, WholeImage(image.width, image.height), measurement);
+        seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    }
+    Print(seconds, measurement.statistics[0]);
+    return 0;
+}
+
 }  // namespace
 
 int RunKernel(int count, const char* const* arguments) {
@@ -95,23 +119,12 @@ int RunKernel(int count, const char* const* arguments) {
         std::fputs(kUsage, stderr);
         return 2;
     }
-    std::vector<std::uint16_t> samples;
-    if (!Load(*request, samples)) {
-        std::fprintf(stderr, "%s: the samples cannot be read\n", request->input.c_str());
+    try {
+        return Measured(*request);
+    } catch (const std::bad_alloc&) {
+        std::fprintf(stderr, "%s: there is not enough memory\n", request->input.c_str());
         return 1;
     }
-    const SampleImage image{static_cast<int>(request->width), static_cast<int>(request->height),
-                            !request->mono, 16, samples};
-    // One pass counts, and the counts give the statistics, so the views ask for both at once.
-    Measurement measurement;
-    std::vector<double> seconds;
-    for (std::uint64_t i = 0; i < request->repeat; ++i) {
-        const auto begin = std::chrono::steady_clock::now();
-        Measure(image, WholeImage(image.width, image.height), measurement);
-        seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
-    }
-    Print(seconds, measurement.statistics[0]);
-    return 0;
 }
 
 }  // namespace pixora::bench
