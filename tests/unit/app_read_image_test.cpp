@@ -1,5 +1,6 @@
 #include <doctest/doctest.h>
 
+#include <new>
 #include <random>
 #include <string>
 #include <vector>
@@ -174,6 +175,29 @@ TEST_CASE("a sink ends the reading") {
     }
 }
 
+TEST_CASE("an image whose samples do not fit into memory is refused like one that promises too many") {
+    struct Poor final : SampleSink {
+        bool Begin(std::uint32_t, std::uint32_t, RowOrder) override { throw std::bad_alloc(); }
+        bool Take(std::span<const std::uint16_t>, std::size_t) override { return true; }
+    };
+    const ScratchFolder folder;
+    const auto check = [&](const std::string& bytes, const std::wstring& reason) {
+        const auto path = folder.Write("a.img", bytes);
+        Poor sink;
+        const ImportResult refused = ReadImage({path, L"", L"ON"}, &sink);
+        CHECK_FALSE(refused.image.has_value());
+        CHECK(refused.code == 1);
+        CHECK(refused.reason == reason);
+        CHECK(refused.message.line2 == reason);
+        CHECK(RefusedForMemory(path).code == 1);
+        CHECK(RefusedForMemory(path).reason == reason);
+    };
+    check(BmpFile{.pixels = std::string(4, '\1')}.Make(), L"This image file is invalid.");
+    check(TiffFile{.pixels = Bytes({5})}.Make(), L"This image file is invalid.");
+    check(TiffFile{.bits = 12, .pixels = Bytes({5, 6, 7})}.Make(), L"This image file is invalid.");
+    check(TiffFile{.bits = 16, .pixels = Words({5})}.Make(), L"This file is invalid or corrupt.");
+}
+
 TEST_CASE("copies are written under names of the caller's, a data copy for 16 bits alone") {
     const ScratchFolder folder;
     const auto source =
@@ -194,10 +218,16 @@ TEST_CASE("a copy that cannot be written leaves nothing and is told from a refus
     const ScratchFolder folder;
     const auto source = folder.Write("a.tif", TiffFile{.bits = 16, .pixels = Words({0x1230})}.Make());
     const SourceRequest request{source, L"", L"ON"};
-    CHECK(CopyImage(request, folder.Path() / "no" / "b", folder / "b.bin").code == 100);
-    CHECK(CopyImage(request, folder / "b.bmp", folder.Path() / "no" / "b").code == 100);
+    const ImportResult no_display = CopyImage(request, folder.Path() / "no" / "b", folder / "b.bin");
+    CHECK(no_display.code == 100);
+    CHECK_FALSE(no_display.data_copy_failed);
+    const ImportResult no_data = CopyImage(request, folder / "b.bmp", folder.Path() / "no" / "b");
+    CHECK(no_data.code == 100);
+    CHECK(no_data.data_copy_failed);
     const auto damaged = folder.Write("b.tif", TiffFile{.bits = 16}.Make());
-    CHECK(CopyImage({damaged, L"", L"ON"}, folder / "b.bmp", folder / "b.bin").code == 1);
+    const ImportResult refused = CopyImage({damaged, L"", L"ON"}, folder / "b.bmp", folder / "b.bin");
+    CHECK(refused.code == 1);
+    CHECK_FALSE(refused.data_copy_failed);
     CHECK(folder.Names() == "a.tif b.tif");
 }
 

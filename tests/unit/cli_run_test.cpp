@@ -186,6 +186,57 @@ TEST_CASE("a region or line outside the image is wrong usage and writes nothing"
     CHECK(bench.folder.Names() == "g.tif");
 }
 
+TEST_CASE("a file that the region does not fit does not keep the others from their results") {
+    const Bench bench;
+    static_cast<void>(bench.folder.Write("small.tif", kGrey.Make()));
+    static_cast<void>(bench.folder.Write(
+        "large.tif", TiffFile{.width = 3, .height = 2, .pixels = Bytes({9, 9, 7, 9, 9, 9})}.Make()));
+    const Result result =
+        bench.Run({"stats", "@small.tif", "@large.tif", "--region", "2,0,2,1", "--format", "csv"});
+    CHECK(result.status == 2);
+    CHECK(result.error == "small.tif: the region 2,0,2,1 is outside the image of 2 x 2 pixels\n");
+    CHECK(result.out == "file,channel,min,max,mean,std\nlarge.tif,mono,7,9,8,1\n");
+}
+
+TEST_CASE("a CSV list has its header, whatever becomes of the files") {
+    const Bench bench;
+    Result result = bench.Run({"stats", "@none.tif", "@no.bmp", "--format", "csv"});
+    CHECK(result.status == 1);
+    CHECK(result.out == "file,channel,min,max,mean,std\n");
+    result = bench.Run({"info", "@none.tif", "--format", "csv"});
+    CHECK(result.status == 1);
+    CHECK(result.out ==
+          "file,kind,width,height,colour,bits_per_sample,stored_bits,valid_bits,bmp_bit_count,raw_data,"
+          "pixel_format\n");
+    CHECK(bench.Run({"info", "@none.tif", "--format", "json"})
+              .out.starts_with("{\"file\":\"none.tif\",\"error\""));
+    CHECK(bench.Run({"info", "@none.tif"}).out.empty());
+}
+
+TEST_CASE("given valid bits change nothing about a file without 16-bit samples") {
+    const Bench bench;
+    static_cast<void>(bench.folder.Write("g.tif", kGrey.Make()));
+    static_cast<void>(bench.folder.Write(
+        "t.tif", TiffFile{.width = 2, .bits = 12, .pixels = Bytes({0x12, 0x34, 0x56})}.Make()));
+    static_cast<void>(
+        bench.folder.Write("b.bmp", BmpFile{.width = 1, .height = 1, .pixels = Bytes({1, 2, 3, 0})}.Make()));
+    for (const char* command : {"info", "stats"}) {
+        CAPTURE(command);
+        const std::vector<std::string> plain = {command, "@g.tif", "@t.tif", "@b.bmp", "--format", "csv"};
+        const Result expected = bench.Run(plain);
+        CHECK(expected.status == 0);
+        for (const char* bits : {"8", "10", "16", "auto"}) {
+            CAPTURE(bits);
+            std::vector<std::string> given = plain;
+            given.insert(given.end(), {"--valid-bits", bits});
+            const Result result = bench.Run(given);
+            CHECK(result.status == 0);
+            CHECK(result.error.empty());
+            CHECK(result.out == expected.out);
+        }
+    }
+}
+
 TEST_CASE("histogram and profile write the files of the views") {
     const Bench bench;
     static_cast<void>(bench.folder.Write("c.tif", kColour.Make()));
