@@ -1,5 +1,5 @@
 // A save that is interrupted at any moment leaves a whole file: a child process is stopped at each of its
-// system calls in turn, before and after the call, and killed there.
+// system calls in turn, before and after the call, and looked at or killed there.
 #include <doctest/doctest.h>
 #include <sys/ptrace.h>
 #include <sys/types.h>
@@ -33,28 +33,56 @@ Settings Changed() {
     return settings;
 }
 
-/// Runs `work` in a child process and kills it at its `stop`-th entry to or return from a system call.
+/// A child process that is about to begin `work`, and stops at each entry to and return from a system call.
+class SteppedChild {
+public:
+    explicit SteppedChild(const std::function<void()>& work) : child_(fork()) {
+        if (child_ == 0) {
+            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+            raise(SIGSTOP);
+            work();
+            _exit(0);
+        }
+        REQUIRE(WIFSTOPPED(Status()));
+    }
+
+    /// Lets it go on to its next stop. @return false when it has done its work before.
+    [[nodiscard]] bool Step() const {
+        REQUIRE(ptrace(PTRACE_SYSCALL, child_, nullptr, nullptr) == 0);
+        return !WIFEXITED(Status());
+    }
+    void Kill() const {
+        REQUIRE(kill(child_, SIGKILL) == 0);
+        REQUIRE(WIFSIGNALED(Status()));
+    }
+
+private:
+    [[nodiscard]] int Status() const {
+        int status = 0;
+        REQUIRE(waitpid(child_, &status, 0) == child_);
+        return status;
+    }
+
+    pid_t child_;
+};
+
+/// Runs `work` in a child process and kills it at its `stop`-th stop.
 /// @return false when the work was done before that.
 bool KilledAt(int stop, const std::function<void()>& work) {
-    const pid_t child = fork();
-    if (child == 0) {
-        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-        raise(SIGSTOP);
-        work();
-        _exit(0);
-    }
-    int status = 0;
-    REQUIRE(waitpid(child, &status, 0) == child);
-    REQUIRE(WIFSTOPPED(status));
-    for (int i = 0; i < stop; ++i) {
-        REQUIRE(ptrace(PTRACE_SYSCALL, child, nullptr, nullptr) == 0);
-        REQUIRE(waitpid(child, &status, 0) == child);
-        if (WIFEXITED(status)) return false;
-    }
-    REQUIRE(kill(child, SIGKILL) == 0);
-    REQUIRE(waitpid(child, &status, 0) == child);
-    REQUIRE(WIFSIGNALED(status));
+    const SteppedChild child(work);
+    for (int i = 0; i < stop; ++i)
+        if (!child.Step()) return false;
+    child.Kill();
     return true;
+}
+
+/// Checks that the file has every key, and for some of them the value of `before` or of `after`.
+void CheckWhole(const fs::path& path, const Settings& before, const Settings& after) {
+    Settings read;
+    REQUIRE(LoadSettings(path, read) == SettingsLoadResult::complete);
+    for (auto key : {&Settings::AUTO_BIT, &Settings::MAIN_POS, &Settings::MAIN_POS_X, &Settings::PATH_CSV,
+                     &Settings::PATH_OPEN, &Settings::PATH_SAVE, &Settings::IMG_SIZE})
+        CHECK((read.*key == before.*key || read.*key == after.*key));
 }
 
 void RemoveLeftOvers(const ScratchFolder& folder) {
@@ -86,22 +114,31 @@ TEST_CASE("a program that dies while it writes one value leaves the old file or 
     CHECK(seen_new);
 }
 
+TEST_CASE("at every moment of a save the file has every key") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    const Settings before = DefaultSettings(kOld), after = Changed();
+    WriteDefaultSettingsFile(path, kOld);
+    const SteppedChild child([&] { static_cast<void>(SaveSettings(path, after)); });
+    int stops = 0;
+    for (; child.Step(); ++stops) CheckWhole(path, before, after);  // as the child's end would leave it now
+    CHECK(stops > 16);
+    Settings read;
+    REQUIRE(LoadSettings(path, read) == SettingsLoadResult::complete);
+    CHECK(read == after);
+}
+
 TEST_CASE("a program that dies during a save leaves a file with every key") {
     const ScratchFolder folder;
     const fs::path path = folder / "Pixora.ini";
-    const Settings before = DefaultSettings(kOld);
-    const Settings after = Changed();
-    bool killed = true;
-    for (int stop = 1; killed; ++stop) {
+    const Settings before = DefaultSettings(kOld), after = Changed();
+    // The sixteen values are written alike, so every eleventh moment meets each of them somewhere else.
+    constexpr int kStep = 11;
+    for (int stop = 1;; stop += kStep) {
         RemoveLeftOvers(folder);
         WriteDefaultSettingsFile(path, kOld);
-        killed = KilledAt(stop, [&] { static_cast<void>(SaveSettings(path, after)); });
-        Settings read;
-        REQUIRE(LoadSettings(path, read) == SettingsLoadResult::complete);
-        for (auto key : {&Settings::AUTO_BIT, &Settings::MAIN_POS, &Settings::MAIN_POS_X, &Settings::PATH_CSV,
-                         &Settings::PATH_OPEN, &Settings::PATH_SAVE, &Settings::IMG_SIZE})
-            CHECK((read.*key == before.*key || read.*key == after.*key));
-        if (!killed) CHECK(read == after);
+        if (!KilledAt(stop, [&] { static_cast<void>(SaveSettings(path, after)); })) break;
+        CheckWhole(path, before, after);
     }
 }
 
