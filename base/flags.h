@@ -30,9 +30,18 @@
 //   clicked             set by a left click in the image; read and cleared by the viewer's tick
 //   view_open           one for each view: set and cleared by the view, and set by the viewer as it opens
 //                       one; read by the viewer's menu, its measuring and its clicks
-//   redraw              one for each view: set by clicks, by the modes, by Undo and by the histogram view;
-//                       read and cleared by the view
-//   redraw_canvas       set by the same and by the profile views; read and cleared by the viewer's tick
+//   redraw              one for each view: set by clicks in the image and by a right click that picks a mark,
+//                       by the mode buttons and the channel button of the statistics view and when it takes
+//                       up new coordinates, by the end of the coordinates mode, by ENTER of the coordinates
+//                       dialog, by Undo, by the viewer's context menu, by its tick when it brings the lines
+//                       back, by the channel button of the histogram and profile views, by every change in
+//                       the histogram view and by the end of a profile view whose line shows; read and
+//                       cleared by the view
+//   redraw_canvas       set by the same, but not by clicks that move lines, by the end of the coordinates mode
+//                       alone, by the channel button of the histogram and profile views and by changes in
+//                       the histogram view; also by everything that hides the mark, by the viewer's tick when
+//                       a region that shows has changed, and by the profile views as they open and as they
+//                       show, hide or move their line; read and cleared by the viewer's tick
 //   region_changed      one for each view: set by ENTER of the coordinates dialog alone; the statistics view
 //                       reads and clears its own and ends the modes then; the others follow the region itself
 //   corner_off, move_off
