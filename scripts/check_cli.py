@@ -4,7 +4,8 @@
     scripts/check_cli.py build/native/bin/pixora-cli [SEED]
 
 Everything here is written from the file formats, in another language and with another library, so that a mistake in
-the program's readers, statistics or writers does not repeat itself in the check. Ends with "N passed, M failed".
+the program's readers, statistics or writers does not repeat itself in the check. pixora_bench, which lies beside the
+program, is held to its kernel call. Ends with "N passed, M failed".
 """
 
 import fractions
@@ -21,6 +22,8 @@ import tempfile
 import numpy as np
 
 import cli_behaviour
+import cli_kernel
+import cli_limits
 from cli_images import VALID_BITS, Image, any_file, hard_files, write_large_flat
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -251,9 +254,10 @@ def main():
         print(__doc__)
         return 2
     program = pathlib.Path(sys.argv[1]).resolve()
-    if not program.is_file():
-        print(f"there is no program {program}")
-        return 2
+    for needed in (program, program.with_name("pixora_bench")):
+        if not needed.is_file():
+            print(f"there is no program {needed}")
+            return 2
     seed = int(sys.argv[2]) if len(sys.argv) == 3 else 20
     random = np.random.default_rng(seed)
     checks = Checks(program)
@@ -274,6 +278,8 @@ def main():
     check_large_flat(checks, 3333, 30003, 255, "99999999")
     check_large_flat(checks, 4000, 2500, 0, "10000000")
     cli_behaviour.check(checks, ROOT)
+    cli_limits.check(checks)
+    cli_kernel.check(checks, program.with_name("pixora_bench"))
     shutil.rmtree(checks.folder)
     print(f"{checks.passed} passed, {checks.failed} failed")
     return 1 if checks.failed or not checks.passed else 0
