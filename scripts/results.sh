@@ -64,6 +64,20 @@ cases() {
     fi
 }
 
+# chosen NAME SECONDS NUMBER COMMAND...: a doctest program that is to run only NUMBER of its test cases; each counts.
+chosen() {
+    local name=$1 limit=$2 number=$3 log status=0 line
+    shift 3
+    log=$(log_of "$name")
+    timeout -k 10 "$limit" "$@" --no-colors=true </dev/null >"$log" 2>&1 || status=$?
+    line=$(tr -d '\r' <"$log" | grep -a '^\[doctest\] test cases:' | tail -n 1)
+    if [ "$status" -eq 0 ] && [[ $line =~ cases:\ *$number\ *\|\ *$number\ passed\ *\|\ *0\ failed\ * ]]; then
+        passed "$name: $number test cases" "$number"
+    else
+        failed "$name: exit status $status, ${line:-no result}" "$log"
+    fi
+}
+
 # counted NAME SECONDS COMMAND...: a program whose last line is "N passed, M failed".
 counted() {
     local name=$1 limit=$2 log status=0 bad

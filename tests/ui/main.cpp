@@ -4,6 +4,10 @@
 
 #include <windows.h>
 
+#include <cstdio>
+#include <string>
+#include <vector>
+
 #include "tests/ui/support/environment.h"
 #include "tests/ui/support/program.h"
 #include "tests/ui/support/texts.h"
@@ -42,6 +46,16 @@ private:
 
 REGISTER_LISTENER("tests", 1, TestListener);
 
+/// False when the run is to be on a scaled desktop and this one is not.
+bool IsDesktopAsAsked() {
+    wchar_t dpi[8] = L"";
+    if (GetEnvironmentVariableW(L"PIXORA_UI_DPI", dpi, 8) == 0) return true;
+    const std::wstring actual = std::to_wstring(GetDpiForSystem());
+    if (actual == dpi) return true;
+    std::printf("The desktop has %ls dots per inch instead of %ls.\n", actual.c_str(), dpi);
+    return false;
+}
+
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
@@ -53,6 +67,7 @@ int wmain(int count, wchar_t** arguments) {
     for (const std::string& text : texts) pointers.push_back(text.c_str());
     // What a run that was ended by force has written must not be lost.
     std::setvbuf(stdout, nullptr, _IONBF, 0);
+    if (!IsDesktopAsAsked()) return 2;
     pixora::ui::StartWatchdog();
     const pixora::ui::UserDataAside aside;
     (void)pixora::ui::FreshScratchFolder();
