@@ -1,6 +1,11 @@
 #include "base/file.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <limits>
 #include <system_error>
@@ -8,11 +13,6 @@
 #include <utility>
 
 #include "base/utf8.h"
-
-#ifndef _WIN32
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace pixora {
 namespace {
@@ -32,9 +32,32 @@ std::FILE* Open(const fs::path& path, bool write) {
     return file;
 }
 
+// Nothing, with errno EEXIST, when the name is taken, by a link to nowhere too.
+std::FILE* OpenNew(const fs::path& path) {
+#ifdef _WIN32
+    const int number = _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+    std::FILE* file = number < 0 ? nullptr : _fdopen(number, "wb");
+    if (number >= 0 && !file) _close(number);
+#else
+    constexpr mode_t kReadAndWrite = 0666;
+    const int number = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadAndWrite);
+    std::FILE* file = number < 0 ? nullptr : fdopen(number, "wb");
+    if (number >= 0 && !file) close(number);
+#endif
+    if (file) std::setvbuf(file, nullptr, _IONBF, 0);
+    return file;
+}
+
 bool IsFolder(const fs::path& path) {
     std::error_code ignored;
     return fs::is_directory(path, ignored);
+}
+
+// A pipe would keep whoever opens it waiting, and a device may do anything.
+bool IsNoFile(const fs::path& path) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    return fs::exists(status) && !fs::is_regular_file(status);
 }
 
 bool SeekTo(std::FILE* file, std::int64_t offset, int origin) {
@@ -67,9 +90,8 @@ constexpr int kMostLinks = 40;
 // The file that a replacement of `path` has to replace: behind links, which stay. Nothing where something
 // else than a file stands, a device or a pipe, which is not the program's to take away.
 std::optional<fs::path> ReplacedFile(fs::path path) {
+    if (IsNoFile(path)) return std::nullopt;
     std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    if (fs::exists(status) && !fs::is_regular_file(status)) return std::nullopt;
     for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
         const fs::path next = fs::read_symlink(path, error);
         if (error || links == kMostLinks) return std::nullopt;
@@ -90,15 +112,6 @@ fs::path TemporaryName(const fs::path& target, Ending place, int number) {
     return target.parent_path() / (name + ending.native());
 }
 
-// A name that no file bears, so that nothing of the user's is overwritten on the way.
-fs::path FreeTemporaryName(const fs::path& target, Ending place) {
-    std::error_code ignored;
-    for (int number = 0;; ++number) {
-        fs::path name = TemporaryName(target, place, number);
-        if (!fs::exists(fs::symlink_status(name, ignored))) return name;
-    }
-}
-
 // On Windows a file that is open elsewhere cannot be replaced, and virus scanners and indexers open every new
 // file for a moment.
 #ifdef _WIN32
@@ -107,19 +120,10 @@ constexpr std::chrono::milliseconds kLongestPause{32};
 constexpr std::chrono::milliseconds kLongestPause{0};
 #endif
 
-bool Replace(const fs::path& target, const fs::path& replacement) {
-    for (std::chrono::milliseconds pause{1};; pause *= 2) {
-        std::error_code error;
-        fs::rename(replacement, target, error);
-        if (!error || pause > kLongestPause) return !error;
-        std::this_thread::sleep_for(pause);
-    }
-}
-
 }  // namespace
 
 std::optional<File> File::OpenForReading(const fs::path& path) {
-    if (IsFolder(path)) return std::nullopt;  // fopen opens a folder on some systems, and reads nothing
+    if (IsNoFile(path)) return std::nullopt;
     std::FILE* file = Open(path, false);
     if (!file) return std::nullopt;
     return File(file);
@@ -127,6 +131,13 @@ std::optional<File> File::OpenForReading(const fs::path& path) {
 
 std::optional<File> File::Create(const fs::path& path) {
     std::FILE* file = Open(path, true);
+    if (!file) return std::nullopt;
+    return File(file);
+}
+
+std::optional<File> File::CreateNew(const fs::path& path, bool& taken) {
+    std::FILE* file = OpenNew(path);
+    taken = !file && errno == EEXIST;
     if (!file) return std::nullopt;
     return File(file);
 }
@@ -208,21 +219,24 @@ AtomicFile::~AtomicFile() {
 }
 
 std::optional<AtomicFile> AtomicFile::Create(const fs::path& target) {
-    const std::optional<fs::path> replaced = ReplacedFile(target);
+    std::optional<fs::path> replaced = ReplacedFile(target);
     if (!replaced || IsWriteProtected(*replaced)) return std::nullopt;
     // A name as long as names can be leaves no room for an ending after it.
     for (const Ending place : kEndings) {
-        fs::path temporary = FreeTemporaryName(*replaced, place);
-        if (std::optional<File> file = File::Create(temporary)) {
-            TakeOverRights(*replaced, temporary);
-            return AtomicFile(*replaced, std::move(temporary), *std::move(file));
+        bool taken = true;
+        for (int number = 0; taken; ++number) {
+            fs::path temporary = TemporaryName(*replaced, place, number);
+            if (std::optional<File> file = File::CreateNew(temporary, taken)) {
+                TakeOverRights(*replaced, temporary);
+                return AtomicFile(*std::move(replaced), std::move(temporary), *std::move(file));
+            }
         }
     }
     return std::nullopt;
 }
 
 bool AtomicFile::Commit() {
-    if (!file_.Close() || !Replace(target_, temporary_)) return false;
+    if (!file_.Close() || !RenameOver(target_, temporary_)) return false;
     temporary_.clear();
     return true;
 }
@@ -246,6 +260,15 @@ void DeleteInterruptedReplacements(const fs::path& target) {
             if (!fs::exists(name, ignored)) break;
             DeleteQuietly(name);
         }
+}
+
+bool RenameOver(const fs::path& target, const fs::path& replacement) {
+    for (std::chrono::milliseconds pause{1};; pause *= 2) {
+        std::error_code error;
+        fs::rename(replacement, target, error);
+        if (!error || pause > kLongestPause) return !error;
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 bool WriteWholeFile(const fs::path& path, std::string_view bytes) {

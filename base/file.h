@@ -23,10 +23,13 @@ inline constexpr std::size_t kBlockBytes = std::size_t{63} * 4096;
 /// An open binary file; closed with its owner. Not buffered: callers pass whole blocks.
 class File {
 public:
-    /// @return nothing when the file cannot be opened, or names a folder.
+    /// @return nothing when the file cannot be opened, or names a folder, a pipe or a device.
     [[nodiscard]] static std::optional<File> OpenForReading(const std::filesystem::path& path);
     /// Creates or empties the file. @return nothing when that fails.
     [[nodiscard]] static std::optional<File> Create(const std::filesystem::path& path);
+    /// Creates the file under a name that nothing has, not even another program at the same moment.
+    /// @return nothing when that fails; `taken` tells whether the name was the reason.
+    [[nodiscard]] static std::optional<File> CreateNew(const std::filesystem::path& path, bool& taken);
 
     /// Length in bytes, 0 when it cannot be told. The position is left where it was.
     [[nodiscard]] std::uint64_t Size() const;
@@ -95,8 +98,8 @@ public:
     [[nodiscard]] File& Out() { return file_; }
     /// The file that is replaced: the one behind the link when a link was named.
     [[nodiscard]] const std::filesystem::path& Target() const { return target_; }
-    /// Closes and puts the file under its name. Where another program holds the target open it is tried for
-    /// a moment. @return false when that failed; the target is then unchanged.
+    /// Closes and puts the file under its name, as RenameOver() does. @return false when that failed; the
+    /// target is then unchanged.
     [[nodiscard]] bool Commit();
 
 private:
@@ -104,6 +107,10 @@ private:
     std::filesystem::path target_, temporary_;
     File file_;
 };
+
+/// Puts `replacement`, a file of the same folder, under the name `target`. Where another program holds the
+/// target open it is tried for a moment. @return false, with both as they were, when that failed.
+[[nodiscard]] bool RenameOver(const std::filesystem::path& target, const std::filesystem::path& replacement);
 
 /// Gives the file `to` the owner and the rights of `from`, as far as the user may do that. Without effect on
 /// Windows, where the folder decides, and when there is no `from`.

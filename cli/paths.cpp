@@ -116,9 +116,7 @@ std::optional<PendingFile> PendingFile::For(const fs::path& target) {
 
 bool PendingFile::Commit() {
     TakeOverRights(target_, name_);
-    std::error_code error;
-    fs::rename(name_, target_, error);
-    if (error) return false;
+    if (!RenameOver(target_, name_)) return false;
     name_.clear();
     return true;
 }

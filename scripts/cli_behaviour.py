@@ -92,6 +92,8 @@ def check_refusals(checks, image):
     for name, data, message, code in refused_files():
         (folder / name).write_bytes(data)
         files.append((folder / name, message, code))
+    os.mkfifo(folder / "pipe")  # must not be waited for
+    files.append((folder / "pipe", "Failed to Open Image File", 1))
     out = checks.folder / "never.out"
     for path, message, code in files:
         expected = {"file": str(path), "error": message, "code": code}
