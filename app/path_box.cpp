@@ -13,8 +13,8 @@ std::wstring PathBox::Text() const {
 }
 
 std::optional<std::wstring> PathBox::ClipboardText() const {
-    if (path_.empty()) return std::nullopt;
-    return path_;
+    if (last_opened_.empty()) return std::nullopt;
+    return last_opened_;
 }
 
 std::optional<std::wstring> PathBox::EndEdit(std::wstring_view typed, bool by_enter) {

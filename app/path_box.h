@@ -11,6 +11,7 @@ namespace pixora {
 inline constexpr int kPathBoxWidth = 45;
 
 /// The path of the last opened file. The box shows it shortened; everything else works with the whole path.
+/// A file that the program was started with is opened before the box is emptied for the first time.
 class PathBox {
 public:
     [[nodiscard]] const std::wstring& FullPath() const { return path_; }
@@ -20,12 +21,13 @@ public:
     [[nodiscard]] std::wstring Text() const;
     /// The caption of the button that enters and leaves edit mode.
     [[nodiscard]] std::wstring_view ButtonText() const { return editing_ ? L"ENTER" : L"EDIT"; }
-    /// What goes to the clipboard; nothing before the first file was opened.
+    /// What goes to the clipboard: the path of the last opened file, also when the box has been emptied
+    /// since; nothing before the first file was opened.
     [[nodiscard]] std::optional<std::wstring> ClipboardText() const;
 
     /// A file was opened, in whichever way; edit mode stays as it is.
-    void Opened(std::wstring_view full_path) { path_ = full_path; }
-    /// Forgets the path, so that reloading does nothing until the next open.
+    void Opened(std::wstring_view full_path) { path_ = last_opened_ = full_path; }
+    /// Shows no path any more, so that reloading does nothing until the next open.
     void Empty() { path_.clear(); }
 
     void BeginEdit() { editing_ = true; }
@@ -37,6 +39,7 @@ public:
 
 private:
     std::wstring path_;
+    std::wstring last_opened_;
     bool editing_ = false;
 };
 

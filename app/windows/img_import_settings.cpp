@@ -61,6 +61,7 @@ void CImgImport::CloseAllFiles() {
 void CImgImport::RestoreDefaults() {
     if (!AskYesCancel(Window(), RestoreDefaultsQuestion())) return;
     RestoreDefaultSettings(paths_.settings_file, folders_, settings_);
+    size_index_ = ItemOfRatio(settings_.IMG_SIZE);  // the box itself goes on showing what it does
     flags_.reload_main_option = true;
     ShowInformation(Window(), DefaultsRestoredNotice());
 }

@@ -83,7 +83,7 @@ TEST_CASE("a file opened during path edit mode shows whole and leaves the mode a
     CHECK(box.Text() == kPath);
 }
 
-TEST_CASE("the emptied box has nothing to reload and nothing for the clipboard") {
+TEST_CASE("the emptied box has nothing to reload and keeps the last opened path for the clipboard") {
     PathBox box;
     CHECK_FALSE(box.ClipboardText().has_value());
     box.Opened(kPath);
@@ -91,6 +91,14 @@ TEST_CASE("the emptied box has nothing to reload and nothing for the clipboard")
     box.Empty();
     CHECK(box.FullPath().empty());
     CHECK(box.Text().empty());
+    CHECK(box.ClipboardText() == kPath);
+    box.Opened(kOther);
+    CHECK(box.ClipboardText() == kOther);
+}
+
+TEST_CASE("a box that was emptied before any file was opened has nothing for the clipboard") {
+    PathBox box;
+    box.Empty();
     CHECK_FALSE(box.ClipboardText().has_value());
 }
 
