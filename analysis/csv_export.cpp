@@ -2,7 +2,7 @@
 
 #include "analysis/csv.h"
 #include "base/file.h"
-#include "settings/settings_file.h"
+#include "settings/settings_changes.h"
 #include "settings/stored_keys.h"
 
 namespace pixora {
@@ -24,11 +24,8 @@ std::wstring CsvStartFolder(const std::filesystem::path& settings_path, const Se
 bool SaveCsv(const std::filesystem::path& chosen, std::string_view bytes,
              const std::filesystem::path& settings_path, Settings& settings) {
     if (!WriteWholeFile(chosen, bytes)) return false;
-    const std::wstring folder = CsvFolderOf(WideText(chosen));
-    if (folder.empty()) return true;  // an empty value would spoil the settings file
-    settings.PATH_CSV = folder;
     // The file is there; that its folder could not be stored is no failure of the export.
-    static_cast<void>(PutSettingValue(settings_path, kPathCsv.key, folder));
+    StoreCsvFolder(settings_path, settings, CsvFolderOf(WideText(chosen)));
     return true;
 }
 

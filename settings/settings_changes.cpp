@@ -10,6 +10,17 @@ namespace pixora {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// An empty value would spoil the file: the next start would take it for incomplete.
+bool StoreFolder(const fs::path& path, Settings& settings, const StoredKey& key, std::wstring_view folder) {
+    if (folder.empty()) return false;
+    settings.*key.field = folder;
+    return PutSettingValue(path, key.key, folder);
+}
+
+}  // namespace
+
 DataPaths DataPathsIn(const fs::path& application_data) {
     // As a text, so that without an application data folder it is no folder below the current one.
     fs::path folder = application_data;
@@ -65,13 +76,15 @@ bool StoreTypedDisplaySize(const fs::path& path, Settings& settings, std::wstrin
 }
 
 bool StoreOpenFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
-    settings.PATH_OPEN = folder;
-    return PutSettingValue(path, kPathOpen.key, folder);
+    return StoreFolder(path, settings, kPathOpen, folder);
 }
 
 bool StoreSaveFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
-    settings.PATH_SAVE = folder;
-    return PutSettingValue(path, kPathSave.key, folder);
+    return StoreFolder(path, settings, kPathSave, folder);
+}
+
+bool StoreCsvFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
+    return StoreFolder(path, settings, kPathCsv, folder);
 }
 
 bool StoreMainPosition(const fs::path& path, Settings& settings, std::int32_t x, std::int32_t y) {

@@ -43,10 +43,12 @@ bool StoreListedDisplaySize(const std::filesystem::path& path, Settings& setting
 /// Stores a typed ratio: in the record, and in its own line of the file.
 bool StoreTypedDisplaySize(const std::filesystem::path& path, Settings& settings,
                            std::wstring_view ratio_text);
-/// Stores where the next open dialog starts.
+/// Stores where the next open dialog starts. An empty folder is not stored, nor by the two below.
 bool StoreOpenFolder(const std::filesystem::path& path, Settings& settings, std::wstring_view folder);
 /// Stores where the next dialog for saving a region starts.
 bool StoreSaveFolder(const std::filesystem::path& path, Settings& settings, std::wstring_view folder);
+/// Stores where the next export of a CSV file starts.
+bool StoreCsvFolder(const std::filesystem::path& path, Settings& settings, std::wstring_view folder);
 /// Stores the main window's top-left corner in screen pixels.
 bool StoreMainPosition(const std::filesystem::path& path, Settings& settings, std::int32_t x, std::int32_t y);
 

@@ -202,3 +202,23 @@ TEST_CASE("single values are stored in the record and in their own lines") {
     CHECK(ValueOf(path, L"MAIN_POS_Y=") == L"25");
     CHECK(ValueOf(path, L"CAP_STYLE=") == L"SIMPLE");
 }
+
+TEST_CASE("folders are stored in the record and in their own lines, an empty one nowhere") {
+    const ScratchFolder folder;
+    const fs::path path = folder / "Pixora.ini";
+    Settings settings = StartSettings(path, kFolders).settings;
+    CHECK(StoreOpenFolder(path, settings, L"C:\\img"));
+    CHECK(StoreSaveFolder(path, settings, L"C:\\saved\\"));
+    CHECK(StoreCsvFolder(path, settings, L"C:\\csv\\"));
+    CHECK_FALSE(StoreOpenFolder(path, settings, L""));
+    CHECK_FALSE(StoreSaveFolder(path, settings, L""));
+    CHECK_FALSE(StoreCsvFolder(path, settings, L""));
+    CHECK(settings.PATH_OPEN == L"C:\\img");
+    CHECK(settings.PATH_SAVE == L"C:\\saved\\");
+    CHECK(settings.PATH_CSV == L"C:\\csv\\");
+    Settings read;
+    CHECK(LoadSettings(path, read) == SettingsLoadResult::complete);
+    CHECK(read.PATH_OPEN == L"C:\\img");
+    CHECK(read.PATH_SAVE == L"C:\\saved\\");
+    CHECK(read.PATH_CSV == L"C:\\csv\\");
+}
