@@ -2,7 +2,10 @@
 
 #include <doctest/doctest.h>
 
+#include <new>
+
 #include "analysis/profile_hold.h"
+#include "tests/unit/support/allocations.h"
 
 using namespace pixora;
 
@@ -100,5 +103,26 @@ TEST_CASE("a line cursor that shows lifts the hold of a fixed line") {
     const LineProfile second{.first = 3, .count = 1, .values = {{{6}, {}, {}}}};
     CHECK(held.Follow(first, 1, true, true));
     CHECK(held.Follow(second, 2, true, true));
+    CHECK(held.Profile() == second);
+}
+
+TEST_CASE("samples that there is no memory for are asked for once and leave those before them whole") {
+    HeldProfile held;
+    const LineProfile first{.first = 0, .count = 1, .values = {{{5}, {6}, {7}}}};
+    const LineProfile second{.first = 3, .count = 2, .values = {{{1, 2}, {3, 4}, {5, 6}}}};
+    REQUIRE(held.Follow(first, 1, false, true));
+    bool failed = false;
+    {
+        const test::ShortMemory memory(1);
+        try {
+            static_cast<void>(held.Follow(second, 2, false, true));
+        } catch (const std::bad_alloc&) {
+            failed = true;
+        }
+    }
+    CHECK(failed);
+    CHECK(held.Profile() == first);
+    CHECK_FALSE(held.Follow(second, 2, false, true));
+    CHECK(held.Follow(second, 3, false, true));
     CHECK(held.Profile() == second);
 }

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include "tests/unit/support/allocations.h"
 #include "tests/unit/support/image_bytes.h"
 #include "tests/unit/support/scratch_folder.h"
 #include "viewer/sample_buffer.h"
@@ -295,6 +296,11 @@ TEST_CASE("a folder in the place of the display copy, or no data folder, is a fa
         CHECK(result.message == Message{L" : Error", L"File: a.img", L"Failed to Open Image File", L""});
         CHECK(setting.data.Names() == "import_img_00.bmp");
     }
+    std::filesystem::remove(setting.data / "import_img_00.bmp");
+    std::filesystem::create_directory(setting.data / "import_img_00.tiff");
+    const ImportResult blocked = setting.Run(TiffFile{.pixels = "x"}.Make());
+    CHECK(blocked.message == Message{L" : Error", L"File: a.img", L"Failed to Open Image File", L""});
+    CHECK(setting.data.Names() == "import_img_00.tiff");
     setting.request.data_folder = setting.data / "missing";
     CHECK(setting.Run(BmpFile{.pixels = "abc"}.Make()).message.line2 == L"Failed to Open Image File");
 }
@@ -307,4 +313,46 @@ TEST_CASE("names beyond ASCII go through") {
     const ImportResult result = ImportImage(setting.request);
     REQUIRE(result.image.has_value());
     CHECK(result.image->file_name == L"\u753b\u50cf \u00e4.bmp");
+}
+
+TEST_CASE("write-protected copies that were left in a free place are overwritten") {
+    struct Left {
+        const char* name;
+        std::string file, content;
+    };
+    const std::string tiff8 = TiffFile{.width = 2, .bits = 8, .pixels = Bytes({1, 2})}.Make();
+    for (const Left& left : {Left{"import_img_00.tiff", tiff8, tiff8},
+                             Left{"import_img_00.bin",
+                                  TiffFile{.width = 2, .bits = 16, .pixels = Words({0x1110, 0x2220})}.Make(),
+                                  Words({0x0111, 0x0222})}}) {
+        CAPTURE(left.name);
+        Setting setting;
+        std::filesystem::permissions(setting.data.Write(left.name, "of an earlier run, and longer than that"),
+                                     std::filesystem::perms::owner_read);
+        REQUIRE(setting.Run(left.file).image.has_value());
+        CHECK(setting.data.Read(left.name) == left.content);
+    }
+}
+
+TEST_CASE("an import for which memory runs out at any point is refused and leaves nothing") {
+    const std::string files[] = {
+        BmpFile{.width = 2, .height = 1, .bits = 32, .pixels = Bytes({1, 2, 3, 0, 4, 5, 6, 0})}.Make(),
+        TiffFile{.width = 2, .bits = 16, .pixels = Words({0x1110, 0x2220})}.Make(),
+        TiffFile{.width = 2, .bits = 8, .pixels = Bytes({1, 2})}.Make()};
+    for (const std::string& file : files) {
+        Setting setting;
+        setting.request.source = setting.sources.Write("a picture with a long name.img", file);
+        bool imported = false;
+        for (unsigned long long given = 0; !imported; ++given) {
+            CAPTURE(given);
+            const ImportResult result = [&] {
+                const ShortMemory memory(given);
+                return ImportImage(setting.request);
+            }();
+            imported = result.image.has_value();
+            if (imported) continue;
+            REQUIRE(setting.data.Names() == "");
+            REQUIRE(result.code == 1);
+        }
+    }
 }
