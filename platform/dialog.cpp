@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/message_box.h"
+#include "base/failure_text.h"
 
 namespace pixora {
 
@@ -19,11 +19,18 @@ std::vector<Dialog*>& RunningModals() {
     return running;
 }
 
-/// What the user sees of a failure that no handler expected, such as memory that cannot be had.
+HWND RootOf(HWND window) {
+    return window ? GetAncestor(window, GA_ROOT) : nullptr;
+}
+
+/// What the user sees of a failure that no handler expected, such as memory that cannot be had. It asks for
+/// none itself: whatever it threw would end the program.
 void ReportUnexpected(HWND window) noexcept {
     static bool reporting = false;
     if (std::exchange(reporting, true)) return;  // the box serves messages, and one of them may fail as well
-    ShowPlainBox(window, L"The operation could not be completed.");
+    const HWND root = RootOf(window);
+    const Dialog::ModalScope scope(root);
+    MessageBoxW(root, kUnexpectedFailure, L"", MB_OK | MB_TOPMOST | MB_SETFOREGROUND);
     reporting = false;
 }
 
@@ -44,10 +51,6 @@ bool ReturnsResultDirectly(UINT message) {
         default:
             return false;
     }
-}
-
-HWND RootOf(HWND window) {
-    return window ? GetAncestor(window, GA_ROOT) : nullptr;
 }
 
 /// Closes message boxes and file dialogs, which no dialog object stands behind.
@@ -185,6 +188,11 @@ void Dialog::StartTicking() {
     SetTimer(window_, kTickTimer, kTickMs, nullptr);
 }
 
+void Dialog::ShowUnless(bool hidden) {
+    if (hidden == std::exchange(hidden_, hidden)) return;
+    ShowWindow(window_, hidden ? SW_HIDE : SW_SHOWNA);
+}
+
 std::wstring Dialog::Text(int id) const {
     const HWND item = Item(id);
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item)), L'\0');
@@ -295,7 +303,7 @@ INT_PTR Dialog::DispatchOther(UINT message, WPARAM w, LPARAM l) {
 void Dialog::Released() {
     SetWindowLongPtrW(window_, DWLP_USER, 0);
     window_ = nullptr;
-    OnGone();  // may free this object
+    OnGone();
 }
 
 }  // namespace pixora

@@ -21,8 +21,8 @@ struct Command {
 enum class Handled : bool { no = false, yes = true };
 
 /// One dialog window. Modal ones live on the stack and end with EndModal(); modeless ones are owned by a
-/// smart pointer and freed after WM_NCDESTROY, never by themselves (see OnGone). Nothing thrown leaves the
-/// window procedure. Handlers do nothing by default.
+/// smart pointer and freed by their owner's next tick after WM_NCDESTROY, never by themselves or by one of
+/// their handlers. Nothing thrown leaves the window procedure. Handlers do nothing by default.
 class Dialog {
 public:
     Dialog(const Dialog&) = delete;
@@ -94,7 +94,8 @@ protected:
     virtual void OnClose();
     /// WM_DESTROY, while the window and its children still exist.
     virtual void OnDestroy() {}
-    /// The window is gone; the last call that the object gets. Its owner may free it here.
+    /// The window is gone. The object must outlive the handler that is running: its owner frees it at its
+    /// next tick.
     virtual void OnGone() {}
     /// Sees each posted message of this window and its children before dispatch. @return yes to swallow it.
     virtual Handled Filter(MSG&) { return Handled::no; }
@@ -105,6 +106,9 @@ protected:
     void EndModal(int result);
     /// Starts the 100 ms timer 1 that drives OnTick().
     void StartTicking();
+    /// Hides the window, or shows it again without activating it, when that differs from what was asked last.
+    /// A window counts as shown until it is asked for the first time.
+    void ShowUnless(bool hidden);
     void SetText(int id, const std::wstring& text) const { SetDlgItemTextW(window_, id, text.c_str()); }
     void SetCaption(const std::wstring& text) const { SetWindowTextW(window_, text.c_str()); }
     [[nodiscard]] std::wstring Text(int id) const;
@@ -130,6 +134,7 @@ private:
     bool modal_ = false;
     bool ended_ = false;
     bool in_tick_ = false;
+    bool hidden_ = false;
     int result_ = 0;
     int modal_depth_ = 0;
 };

@@ -2,6 +2,7 @@
 // through these rules; none of them sets a mode itself.
 #pragma once
 
+#include "base/flags.h"
 #include "viewer/viewer_state.h"
 
 namespace pixora {
@@ -13,6 +14,12 @@ namespace pixora {
 /// Clicks leave the profile lines alone.
 [[nodiscard]] inline bool AnyEditMode(const ViewerState& state) {
     return EditsRegion(state) || state.edit.coordinates;
+}
+
+/// The viewer closes or has been asked to: its windows show no further box, for it waits for them. Once it
+/// closes, its slot, and with it the slot's request, may be another viewer's.
+[[nodiscard]] inline bool ViewerIsToClose(const ViewerState& state, const SharedFlags& flags) {
+    return state.closing || flags.close_viewer[state.image.slot];
 }
 
 /// Asks the canvas and all views to show the viewer's state anew.

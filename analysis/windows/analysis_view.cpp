@@ -32,15 +32,9 @@ void AnalysisView::OnTick() {
         if (!InModal()) Destroy();
         return;
     }
-    FollowVisibility();
-    const bool asked = std::exchange(State().edit.redraw.*flag_, false);
-    Update(std::exchange(first_, false) || asked);
-}
-
-void AnalysisView::FollowVisibility() {
-    const bool show = !context_.flags->Hidden(kind_);
-    if (show == std::exchange(shown_, show)) return;
-    ShowWindow(Window(), show ? SW_SHOWNA : SW_HIDE);
+    ShowUnless(context_.flags->Hidden(kind_));
+    State().edit.redraw.*flag_ = false;
+    Update();
 }
 
 void AnalysisView::OnClose() {

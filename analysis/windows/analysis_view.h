@@ -37,9 +37,9 @@ protected:
 
     /// Once, before the window shows.
     virtual void Begin() {}
-    /// Every tick, also while the window is hidden. @param asked  somebody raised the view's redraw flag,
-    /// which is cleared; also true at the first tick.
-    virtual void Update(bool asked) = 0;
+    /// Every tick, also while the window is hidden. A view compares what it shows with its viewer's state, so
+    /// that it does not matter whether somebody has raised its redraw flag, which is just cleared.
+    virtual void Update() = 0;
     /// The window goes away; its controls still exist.
     virtual void End() {}
 
@@ -52,13 +52,10 @@ private:
     void OnInit() final;
     void OnTick() final;
     void OnDestroy() final;
-    void FollowVisibility();
 
     ViewContext context_;
     WindowKind kind_;
     bool ViewFlags::*flag_;
-    bool shown_ = true;
-    bool first_ = true;
 };
 
 }  // namespace pixora

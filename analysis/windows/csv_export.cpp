@@ -10,12 +10,12 @@ std::wstring CsvStartFolder(const ViewContext& context) {
     return CsvStartFolder(context.settings_path, *context.settings);
 }
 
-void ExportCsv(HWND view, const ViewContext& context, const std::wstring& proposed, std::string_view bytes) {
+void ExportCsv(HWND view, const ViewContext& context, const CsvProposal& proposal, std::string_view bytes) {
     FileDialogRequest request;
     request.owner = view;
     request.filter = kCsvFilter;
-    request.initial_name = proposed;
-    request.initial_folder = CsvStartFolder(context);
+    request.initial_name = proposal.name;
+    request.initial_folder = proposal.folder;
     request.default_extension = kCsvExtension;
     const std::optional<std::filesystem::path> chosen = AskForFileToSave(request);
     if (!chosen || !SaveCsv(*chosen, bytes, context.settings_path, *context.settings)) return;

@@ -38,11 +38,10 @@ void CHistogram::Begin() {
     PlotDialog::Begin();
     State().binning = BinningOf(Context().settings->HIS_BINNING);
     CheckDlgButton(Window(), IDC_HIST_BINNING, State().binning ? BST_CHECKED : BST_UNCHECKED);
-    Update(true);
+    Update();
 }
 
-// What is shown is compared with the viewer's state, so it does not matter who asked.
-void CHistogram::Update(bool) {
+void CHistogram::Update() {
     FollowTitle();
     FollowBits();
     FollowChannel();
@@ -118,7 +117,7 @@ void CHistogram::PlaceLabels() const {
 
 void CHistogram::Changed() {
     State().edit.redraw.histogram = true;
-    Update(false);
+    Update();
 }
 
 bool CHistogram::OnOwnButton(int id) {
@@ -135,11 +134,11 @@ std::optional<std::uint32_t> CHistogram::LevelAtPoint(POINT client) const {
 
 void CHistogram::Export() {
     const ViewerState& state = State();
-    const std::wstring name =
-        HistogramCsvName(CsvStartFolder(Context()), state.image.file_name, IsColour(), state.channel);
+    const std::wstring folder = CsvStartFolder(Context());
+    const std::wstring name = HistogramCsvName(folder, state.image.file_name, IsColour(), state.channel);
     const std::string bytes =
         HistogramCsv(state.measurement.counts, IsColour(), state.channel, EffectiveBits(state.image));
-    ExportCsv(Window(), Context(), name, bytes);
+    ExportCsv(Window(), Context(), {folder, name}, bytes);
 }
 
 }  // namespace pixora

@@ -20,7 +20,7 @@ public:
 
 private:
     void Begin() override;
-    void Update(bool asked) override;
+    void Update() override;
     [[nodiscard]] std::wstring Title() const override;
     void Changed() override;
     [[nodiscard]] bool OnOwnButton(int id) override;

@@ -29,11 +29,10 @@ void CImageInfo::Begin() {
     SetText(IDC_INFO_FORMAT, lines.format);
     SetText(IDC_INFO_SIZE, lines.size);
     SetText(IDC_INFO_PIXELS, lines.pixels);
-    Update(true);
+    Update();
 }
 
-// What is shown is compared with the viewer's state, so it does not matter who asked.
-void CImageInfo::Update(bool) {
+void CImageInfo::Update() {
     FollowRegion();
     FollowDisplaySize();
 }

@@ -18,7 +18,7 @@ public:
 
 private:
     void Begin() override;
-    void Update(bool asked) override;
+    void Update() override;
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
 
     void FollowRegion();

@@ -51,7 +51,7 @@ void CProfileDlg::Begin() {
     LineShown() = true;
     State().edit.redraw_canvas = true;
     ShowLineCursor();
-    Update(true);
+    Update();
 }
 
 void CProfileDlg::End() {
@@ -90,8 +90,7 @@ ProfileScale CProfileDlg::Scale() const {
     return {size.cx, size.cy, Cursor().Bits()};
 }
 
-// What is shown is compared with the viewer's state, so it does not matter who asked.
-void CProfileDlg::Update(bool) {
+void CProfileDlg::Update() {
     FollowTitle();
     if (IsColour()) FollowChannel();
     FollowLine();
@@ -196,7 +195,7 @@ bool CProfileDlg::IsForBox(const MSG& message) const {
 
 void CProfileDlg::ApplyEntries() {
     ApplyLine();
-    if (Window() && !ViewerIsToClose()) ApplyLevel();
+    if (Window() && !ViewerIsToClose(State(), *Context().flags)) ApplyLevel();
 }
 
 void CProfileDlg::ApplyLine() {
@@ -207,10 +206,6 @@ void CProfileDlg::ApplyLine() {
     if (!entry.line) Refuse(entry.refusal);
 }
 
-bool CProfileDlg::ViewerIsToClose() const {
-    return State().closing || Context().flags->close_viewer[State().image.slot];
-}
-
 std::optional<std::uint32_t> CProfileDlg::LevelAtPoint(POINT client) const {
     const RECT plot = PlotFrame().Place();
     return LevelAt(Scale(), {client.x - plot.left, client.y - plot.top});
@@ -218,9 +213,10 @@ std::optional<std::uint32_t> CProfileDlg::LevelAtPoint(POINT client) const {
 
 void CProfileDlg::Export() {
     const ViewerState& state = State();
-    const std::wstring proposed = ProfileCsvName(CsvStartFolder(Context()), state.image.file_name, kind_,
-                                                 Line(), IsColour(), state.channel);
-    ExportCsv(Window(), Context(), proposed, ProfileCsv(held_.Profile(), IsColour(), state.channel));
+    const std::wstring folder = CsvStartFolder(Context());
+    const std::wstring name =
+        ProfileCsvName(folder, state.image.file_name, kind_, Line(), IsColour(), state.channel);
+    ExportCsv(Window(), Context(), {folder, name}, ProfileCsv(held_.Profile(), IsColour(), state.channel));
 }
 
 }  // namespace pixora

@@ -23,10 +23,10 @@ public:
 
 private:
     void Begin() override;
-    void Update(bool asked) override;
+    void Update() override;
     void End() override;
     [[nodiscard]] std::wstring Title() const override;
-    void Changed() override { Update(false); }
+    void Changed() override { Update(); }
     [[nodiscard]] bool OnOwnButton(int id) override;
     [[nodiscard]] std::optional<std::uint32_t> LevelAtPoint(POINT client) const override;
     void ApplyEntries() override;
@@ -61,7 +61,6 @@ private:
     void MoveLine(std::uint16_t line);
     void ApplyLine();
     /// No further boxes then.
-    [[nodiscard]] bool ViewerIsToClose() const;
 
     ProfileKind kind_;
     HeldProfile held_;

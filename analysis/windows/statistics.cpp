@@ -61,7 +61,7 @@ void CStatistics::Begin() {
     coordinates_.Attach(Item(IDC_STAT_COORDINATES));
     channel_.Attach(Item(IDC_STAT_CHANNEL));
     ShowImage();
-    Update(true);
+    Update();
 }
 
 void CStatistics::ShowImage() {
@@ -74,8 +74,7 @@ void CStatistics::ShowImage() {
     SetText(IDC_STAT_COLOUR, lines.colour);
 }
 
-// What is shown is compared with the viewer's state, so it does not matter who asked.
-void CStatistics::Update(bool) {
+void CStatistics::Update() {
     FollowDisplaySize();
     FollowReadout();
     FollowChannel();
@@ -166,7 +165,7 @@ Handled CStatistics::OnCommand(const Command& command) {
         default:
             return Handled::no;
     }
-    Update(true);
+    Update();
     return Handled::yes;
 }
 

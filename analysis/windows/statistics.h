@@ -23,7 +23,7 @@ public:
 
 private:
     void Begin() override;
-    void Update(bool asked) override;
+    void Update() override;
     void End() override;
     Handled OnCommand(const Command& command) override;
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;

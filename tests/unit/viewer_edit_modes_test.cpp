@@ -208,3 +208,17 @@ TEST_CASE("a closed statistics view leaves the region and no mode") {
     CHECK_FALSE(state.edit.corner_off);
     CHECK_FALSE(state.edit.move_off);
 }
+
+TEST_CASE("a viewer is to close when it does, or when its slot is asked to") {
+    ViewerState state = NewViewer(100, 80);
+    state.image.slot = 3;
+    SharedFlags flags;
+    CHECK_FALSE(ViewerIsToClose(state, flags));
+    flags.close_viewer[2] = true;
+    CHECK_FALSE(ViewerIsToClose(state, flags));
+    flags.close_viewer[3] = true;
+    CHECK(ViewerIsToClose(state, flags));
+    flags.close_viewer[3] = false;
+    state.closing = true;
+    CHECK(ViewerIsToClose(state, flags));
+}

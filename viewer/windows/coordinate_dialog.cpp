@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
+#include "viewer/edit_modes.h"
 #include "viewer/menu_rules.h"
 #include "viewer/view_placement.h"
 #include "viewer/windows/geometry_win.h"
@@ -53,14 +54,8 @@ void CCoordinate::OnInit() {
 
 void CCoordinate::OnTick() {
     if (!CoordinatesWanted(*state_) && !InModal()) return Destroy();
-    FollowVisibility();
+    ShowUnless(flags_.Hidden(WindowKind::coordinates));
     if (entry_.Follow(state_->region)) ShowEntries();
-}
-
-void CCoordinate::FollowVisibility() {
-    const bool show = !flags_.Hidden(WindowKind::coordinates);
-    if (show == std::exchange(shown_, show)) return;
-    ShowWindow(Window(), show ? SW_SHOWNA : SW_HIDE);
 }
 
 void CCoordinate::OnClose() {
@@ -117,8 +112,8 @@ void CCoordinate::Enter() {
     const CoordinateCheck check = CheckCoordinates(ReadEntries(), ImageSizeOf(*state_));
     // A viewer that is asked to close waits for the boxes; it gets no further ones.
     for (const Warning& warning : check.warnings)
-        if (!ViewerIsToClose()) ShowWarningBox(Window(), warning.title, warning.text);
-    if (check.order && !ViewerIsToClose()) ShowErrorBox(Window(), *check.order);
+        if (!ViewerIsToClose(*state_, flags_)) ShowWarningBox(Window(), warning.title, warning.text);
+    if (check.order && !ViewerIsToClose(*state_, flags_)) ShowErrorBox(Window(), *check.order);
     if (!Window()) return;  // the program has ended meanwhile
     entry_.Apply(check, *state_);
     ShowEntries();

@@ -34,19 +34,16 @@ private:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM w, LPARAM l) override;
 
     void Place(HWND viewer) const;
-    void FollowVisibility();
     void ShowEntries() const;
     [[nodiscard]] CoordinateTexts ReadEntries() const;
     void SetEditing(bool editing);
     void BeginEdit();
     void Enter();
-    [[nodiscard]] bool ViewerIsToClose() const { return flags_.close_viewer[state_->image.slot]; }
 
     std::shared_ptr<ViewerState> state_;
     const SharedFlags& flags_;
     CoordinateEntry entry_;
     CColorButton edit_, enter_;
-    bool shown_ = true;
 };
 
 }  // namespace pixora
