@@ -50,7 +50,6 @@ private:
 
     // img_import_start.cpp: start-up and the end
     void StartFromSettings();
-    void FillSizeList();
     void OpenStartupPath();
     void PlaceAtStart();
     void ShowSettingsFault();
@@ -69,6 +68,7 @@ private:
     void ShowPath();
 
     // img_import_settings.cpp: the display size box, the options and the questions
+    void FillSizeList();
     void ChooseSize();
     void ApplyTypedSize();
     void ShowSize();

@@ -18,6 +18,24 @@ namespace {
 
 constexpr COLORREF kEditModeFace = RGB(255, 224, 130);
 
+/// Deletes the copies of an image that gets no viewer, however that comes: they would keep its slot taken.
+class UnshownCopies {
+public:
+    explicit UnshownCopies(const ImageBuffer& image) noexcept : image_(&image) {}
+    ~UnshownCopies() {
+        if (!image_) return;
+        DeleteQuietly(image_->display_copy);
+        DeleteQuietly(image_->data_copy);
+    }
+    UnshownCopies(const UnshownCopies&) = delete;
+    UnshownCopies& operator=(const UnshownCopies&) = delete;
+    /// The image is shown: its viewer deletes them.
+    void Keep() noexcept { image_ = nullptr; }
+
+private:
+    const ImageBuffer* image_;
+};
+
 }  // namespace
 
 bool CImgImport::OpenImage(const std::filesystem::path& path) {
@@ -53,14 +71,12 @@ bool CImgImport::CreateViewer(const ImageBuffer& image) {
     const ScreenPoint corner =
         PlaceViewer(ToScreen(WorkAreaOf(Window())), image.slot, CaptionHeight(Window()));
     ClearSlot(flags_, image.slot);
+    UnshownCopies copies(image);  // outlives the viewer, which may have them open
     auto viewer = std::make_unique<CDisplay>(
         image, ViewerContext{&flags_, &settings_, paths_.settings_file, ToWin(corner), monitor_});
-    if (!viewer->Open()) {
-        DeleteQuietly(image.display_copy);  // it would keep the slot taken
-        DeleteQuietly(image.data_copy);
-        return false;
-    }
+    if (!viewer->Open()) return false;
     viewers_.push_back(std::move(viewer));
+    copies.Keep();
     flags_.created[image.slot] = true;
     return true;
 }
