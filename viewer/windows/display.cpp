@@ -92,9 +92,10 @@ void CDisplay::FollowSettings() {
 }
 
 void CDisplay::FollowLayoutRequest() {
-    if (!state_->layout_requested || IsIconic(Window())) return;
+    // Answered before the work, so that what fails for want of memory is not tried again at every tick.
+    if (IsIconic(Window()) || !std::exchange(state_->layout_requested, false)) return;
+    state_->wheel_pending = false;
     LayOut();
-    state_->layout_requested = state_->wheel_pending = false;
 }
 
 void CDisplay::LayOut() {
