@@ -1,37 +1,26 @@
 #include "platform/picture.h"
 
+#include <optional>
+#include <utility>
+
+#include "platform/bitmap24.h"
 #include "platform/screen.h"
 
 namespace pixora {
-
-namespace {
-
-/// A bitmap of 24 bits a pixel: of one with an alpha channel a picture control would keep a copy of its own,
-/// which nobody deletes.
-UniqueBitmap MakeOpaqueBitmap(SIZE size) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.cx;
-    info.bmiHeader.biHeight = size.cy;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 24;
-    void* pixels = nullptr;
-    return UniqueBitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
-}
-
-}  // namespace
 
 UniqueBitmap LoadPicture(int id, SIZE size, bool transparent) {
     const UniqueBitmap source(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id),
                                                               IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     BITMAP facts{};
     if (!source || !GetObjectW(source.Get(), sizeof facts, &facts)) return UniqueBitmap();
-    UniqueBitmap target = MakeOpaqueBitmap(size);
+    // Without an alpha channel: of a bitmap with one a picture control would keep a copy of its own, which
+    // nobody deletes.
+    std::optional<Bitmap24> target = MakeBitmap24(size.cx, size.cy);
     const UniqueMemoryDc from(CreateCompatibleDC(nullptr)), to(CreateCompatibleDC(nullptr));
     if (!target || !from || !to) return UniqueBitmap();
 
     const Selected selected_source(from.Get(), source.Get());
-    const Selected selected_target(to.Get(), target.Get());
+    const Selected selected_target(to.Get(), target->bitmap.Get());
     const RECT whole{0, 0, size.cx, size.cy};
     FillRect(to.Get(), &whole, GetSysColorBrush(COLOR_3DFACE));
     SetStretchBltMode(to.Get(), HALFTONE);
@@ -43,7 +32,7 @@ UniqueBitmap LoadPicture(int id, SIZE size, bool transparent) {
         StretchBlt(to.Get(), 0, 0, size.cx, size.cy, from.Get(), 0, 0, facts.bmWidth, facts.bmHeight,
                    SRCCOPY);
     }
-    return target;
+    return std::move(target->bitmap);
 }
 
 UniqueBitmap ShowPicture(HWND control, int id, bool transparent) {

@@ -13,6 +13,7 @@
 #include "base/file.h"
 #include "image/bmp_layout.h"
 #include "image/bmp_reader.h"
+#include "platform/bitmap24.h"
 #include "viewer/picture_rows.h"
 
 namespace pixora {
@@ -68,6 +69,11 @@ bool CopyRows(Gdiplus::GpBitmap* image, UINT width, UINT height, std::span<std::
     return flat::GdipBitmapUnlockBits(image, &data) == Gdiplus::Ok;
 }
 
+std::optional<Bitmap24> MakePicture(UINT width, UINT height) {
+    if (width == 0 || height == 0 || !FitsBitmap(width, height)) return std::nullopt;
+    return MakeBitmap24(static_cast<LONG>(width), static_cast<LONG>(height));
+}
+
 std::optional<UniqueBitmap> Decode(const std::filesystem::path& path) {
     const DecoderUse use;
     Gdiplus::GpBitmap* decoded = nullptr;
@@ -77,35 +83,19 @@ std::optional<UniqueBitmap> Decode(const std::filesystem::path& path) {
     if (flat::GdipGetImageWidth(decoded, &width) != Gdiplus::Ok ||
         flat::GdipGetImageHeight(decoded, &height) != Gdiplus::Ok)
         return std::nullopt;
-    std::optional<Bitmap24> picture = MakeBitmap24(width, height);
+    std::optional<Bitmap24> picture = MakePicture(width, height);
     if (!picture || !CopyRows(decoded, width, height, picture->rows)) return std::nullopt;
     return std::move(picture->bitmap);
 }
 
 /// For copies that end early.
 std::optional<UniqueBitmap> ReadRows(File& file, const BmpHeader& header) {
-    std::optional<Bitmap24> picture = MakeBitmap24(header.width, header.height);
+    std::optional<Bitmap24> picture = MakePicture(header.width, header.height);
     if (!picture || !ReadPictureRows(file, header, picture->rows)) return std::nullopt;
     return std::move(picture->bitmap);
 }
 
 }  // namespace
-
-std::optional<Bitmap24> MakeBitmap24(UINT width, UINT height) {
-    if (width == 0 || height == 0 || !FitsBitmap(width, height)) return std::nullopt;
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = static_cast<LONG>(width);
-    info.bmiHeader.biHeight = static_cast<LONG>(height);
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 24;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    UniqueBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!bitmap || !bits) return std::nullopt;
-    const std::uint64_t size = Bmp24Stride(width) * height;
-    return Bitmap24{std::move(bitmap), {static_cast<std::byte*>(bits), static_cast<std::size_t>(size)}};
-}
 
 std::optional<UniqueBitmap> LoadDisplayCopy(const std::filesystem::path& display_copy) {
     std::optional<File> file = File::OpenForReading(display_copy);

@@ -3,24 +3,12 @@
 
 #include <windows.h>
 
-#include <cstddef>
 #include <filesystem>
 #include <optional>
-#include <span>
 
 #include "platform/gdi.h"
 
 namespace pixora {
-
-/// A bitmap of 24 bits a pixel and the memory of its rows, bottom row first.
-struct Bitmap24 {
-    UniqueBitmap bitmap;
-    std::span<std::byte> rows;
-};
-
-/// @return an all-black bitmap; nothing for one without pixels or of 2 GiB and more, or when the memory
-///         cannot be had.
-[[nodiscard]] std::optional<Bitmap24> MakeBitmap24(UINT width, UINT height);
 
 /// Loads a display copy into a bottom-up bitmap of 24 bits a pixel. A copy that ends early shows the rows
 /// that it holds. The file is closed, and no memory but the bitmap's is kept, when this returns.

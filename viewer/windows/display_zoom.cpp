@@ -8,6 +8,7 @@
 #include "platform/screen.h"
 #include "resources/resource.h"
 #include "settings/settings_changes.h"
+#include "settings/stored_keys.h"
 #include "viewer/display_sizes.h"
 #include "viewer/edit_modes.h"
 #include "viewer/menu_rules.h"
@@ -98,7 +99,7 @@ void CDisplay::FitToMonitor() {
 
 void CDisplay::SetDefinedSize() {
     std::wstring stored;
-    if (!GetSettingValue(context_.settings_path, L"IMG_SIZE=", stored)) stored.clear();
+    if (!GetSettingValue(context_.settings_path, kImgSize.key, stored)) stored.clear();
     Report(pixora::SetDefinedSize(*state_, stored, ClientPoint(menu_point_)));
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/bitmap24.h"
 #include "viewer/windows/display_copy.h"
 #include "viewer/windows/geometry_win.h"
 
@@ -130,8 +131,7 @@ void CImageCanvas::PaintBuffered(HDC screen, const RECT& dirty, const CanvasPlan
     const UniqueMemoryDc buffer(CreateCompatibleDC(screen));
     // Of the picture's own format: StretchBlt may otherwise convert the whole picture before it drops most of
     // it.
-    const std::optional<Bitmap24> bitmap =
-        MakeBitmap24(static_cast<UINT>(size.width), static_cast<UINT>(rows));
+    const std::optional<Bitmap24> bitmap = MakeBitmap24(size.width, rows);
     if (!buffer || !bitmap) return Draw(screen, dirty, plan, client);
     const Selected selected(buffer.Get(), bitmap->bitmap.Get());
     for (LONG top = dirty.top; top < dirty.bottom; top += rows) {
