@@ -132,6 +132,14 @@ TEST_CASE("the menu of the file name copies the full path, and only when it is c
     CHECK(dismissed.Item(L"Copy Full Path to Clipboard").id == 148);
     dismissed.Dismiss();
     CHECK(ClipboardText() == L"before");
+    {
+        const HeldClipboard held;
+        NameMenu(program, view).Choose(L"Copy Full Path to Clipboard");
+        NameMenu(program, view).Dismiss();  // it opens when the copy has been given up
+        CHECK(program.Running().Windows().size() == 3);
+        CHECK(view.Enabled());
+    }
+    CHECK(ClipboardText() == L"before");
     // Elsewhere no menu opens: the next one that is found is that of the name.
     PointAt(view.Item(kSize).Centre());
     ClickAt(view.Item(kSize).Centre(), Button::right);
@@ -150,7 +158,7 @@ TEST_CASE("the views are offered once, hide with the main window and close with 
     Window statistics = OpenStatistics(program, viewer);
     CHECK_FALSE(Offers(program, viewer, L"Statistics"));
     CHECK(Offers(program, viewer, L"Image Info."));
-    const Window info = OpenImageInfo(program, viewer);
+    Window info = OpenImageInfo(program, viewer);
     CHECK_FALSE(Offers(program, viewer, L"Image Info."));
 
     Minimise(program.Main(), true);
@@ -162,6 +170,10 @@ TEST_CASE("the views are offered once, hide with the main window and close with 
     CHECK(Offers(program, viewer, L"Statistics"));
     CHECK(info.Exists());
     statistics = OpenStatistics(program, viewer);
+    CloseWindow(info);
+    CHECK(Offers(program, viewer, L"Image Info."));
+    CHECK_FALSE(Offers(program, viewer, L"Statistics"));
+    info = OpenImageInfo(program, viewer);
     program.Close(viewer);
     WaitFor("the views to close", [&] { return !statistics.Exists() && !info.Exists(); });
     program.Exit();

@@ -345,6 +345,17 @@ TEST_CASE("a profile is exported to the file that the user names, and to none wh
     }
     WaitFor("the view", [&] { return bench.view.Enabled(); });
     CHECK(std::filesystem::is_empty(folder));
+    const auto dismiss_notice = [&] {
+        const Window notice = WaitForNotice(bench.program);
+        CHECK(notice.Text() == L"Pixora : Information");
+        CHECK(NoticeText(notice) == L"CSV file has been saved.");
+        PressOk(notice);
+        WaitFor("the view", [&] { return bench.view.Enabled(); });
+    };
+    open_dialog().Accept(L"first");  // the dialog starts in the folder of the settings
+    dismiss_notice();
+    CHECK(ReadBytes(folder / L"first.csv") == "Loacation,Value (R)\r\n0,200\r\n1,200\r\n2,200\r\n3,200\r\n");
+    CHECK(StoredSetting(L"PATH_CSV") == folder.wstring() + L"\\");
 
     for (int press = 0; press < 3; ++press) Click(bench.view.Item(kProfileChannel));
     WaitForText(bench.view, kProfileChannel, L"RGB");
@@ -356,13 +367,6 @@ TEST_CASE("a profile is exported to the file that the user names, and to none wh
         CHECK(dialog.Name().ends_with(L"one.colour_V3(RGB).csv"));
         dialog.Accept((other / L"mine").wstring());
     }
-    const auto dismiss_notice = [&] {
-        const Window notice = WaitForNotice(bench.program);
-        CHECK(notice.Text() == L"Pixora : Information");
-        CHECK(NoticeText(notice) == L"CSV file has been saved.");
-        PressOk(notice);
-        WaitFor("the view", [&] { return bench.view.Enabled(); });
-    };
     dismiss_notice();
     const std::string expected =
         "Loacation,Value (R),Value (G),Value (B)\r\n0,200,120,40\r\n1,200,120,40\r\n2,200,120,40\r\n"

@@ -8,24 +8,18 @@
 #include "tests/ui/support/watchdog.h"
 
 namespace pixora::ui {
-namespace {
 
-/// The clipboard opened, which another program may hold for a moment.
-class OpenedClipboard {
-public:
-    OpenedClipboard() {
-        WatchStep("opening the clipboard");
-        WaitFor("the clipboard", [] { return OpenClipboard(nullptr) != FALSE; });
-    }
-    ~OpenedClipboard() { CloseClipboard(); }
-    OpenedClipboard(const OpenedClipboard&) = delete;
-    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
-};
+HeldClipboard::HeldClipboard() {
+    WatchStep("opening the clipboard");
+    WaitFor("the clipboard", [] { return OpenClipboard(nullptr) != FALSE; });
+}
 
-}  // namespace
+HeldClipboard::~HeldClipboard() {
+    CloseClipboard();
+}
 
 std::wstring ClipboardText() {
-    const OpenedClipboard clipboard;
+    const HeldClipboard clipboard;
     HGLOBAL memory = GetClipboardData(CF_UNICODETEXT);
     const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
     std::wstring copy = text ? text : L"";
@@ -34,7 +28,7 @@ std::wstring ClipboardText() {
 }
 
 void SetClipboardText(const std::wstring& text) {
-    const OpenedClipboard clipboard;
+    const HeldClipboard clipboard;
     const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
     HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
     void* target = memory ? GlobalLock(memory) : nullptr;
