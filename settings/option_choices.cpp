@@ -119,8 +119,16 @@ bool OptionButtons::IsOn(int control) const {
     return std::ranges::find(on_, control) != on_.end();
 }
 
+bool RedrawsViewers(OptionDialog dialog, int control) {
+    if (dialog == OptionDialog::region_style) return true;
+    const OptionChoice* choice = FindChoice(dialog, control);
+    return choice && choice->key == &Settings::CAP_STYLE;
+}
+
 bool SaveOptions(OptionDialog dialog, const std::filesystem::path& path, const Settings& settings) {
-    if (dialog != OptionDialog::main_option) return SaveSettings(path, settings);
+    // A file that cannot be used at all has been told by then.
+    if (dialog != OptionDialog::main_option)
+        return StoreSettings(path, settings) != SettingsSaveResult::incomplete;
     static_cast<void>(PutSettingValue(path, kMainPos.key, settings.MAIN_POS));
     return true;
 }

@@ -96,6 +96,10 @@ private:
     std::vector<int> on_;
 };
 
+/// Whether open viewers are drawn anew after a click on this button; the other choices are read when they are
+/// needed.
+[[nodiscard]] bool RedrawsViewers(OptionDialog dialog, int control);
+
 /// Writes what a click changed: the whole record, from the main dialog options MAIN_POS alone.
 /// @return false when the user must be told kSaveNotComplete; never from the main dialog options.
 [[nodiscard]] bool SaveOptions(OptionDialog dialog, const std::filesystem::path& path,

@@ -90,14 +90,18 @@ SettingsLoadResult LoadSettings(const fs::path& path, Settings& settings) {
     return SettingsLoadResult::incomplete;
 }
 
-bool SaveSettings(const fs::path& path, const Settings& settings) {
-    bool all_written = true;
+SettingsSaveResult StoreSettings(const fs::path& path, const Settings& settings) {
+    SettingsSaveResult result = SettingsSaveResult::complete;
     for (const auto& [key, field] : kSaveOrder) {
         const Outcome outcome = Put(path, key, settings.*field);
-        if (outcome == Outcome::unusable) return false;
-        all_written = all_written && outcome == Outcome::done;
+        if (outcome == Outcome::unusable) return SettingsSaveResult::unusable;
+        if (outcome == Outcome::failed) result = SettingsSaveResult::incomplete;
     }
-    return all_written;
+    return result;
+}
+
+bool SaveSettings(const fs::path& path, const Settings& settings) {
+    return StoreSettings(path, settings) == SettingsSaveResult::complete;
 }
 
 bool GetSettingValue(const fs::path& path, std::wstring_view key, std::wstring& value) {

@@ -31,7 +31,15 @@ void SetSettingsFaultHandler(SettingsFaultHandler handler);
 
 /// Reads every key into the record.
 [[nodiscard]] SettingsLoadResult LoadSettings(const std::filesystem::path& path, Settings& settings);
-/// Writes the sixteen stored keys, each with a rewrite of the whole file. @return true when all succeeded.
+enum class SettingsSaveResult {
+    complete,    ///< nothing to report; also when there is no file, or none that can be written
+    incomplete,  ///< the line of a key is missing in the file
+    unusable,    ///< the fault handler was called
+};
+
+/// Writes the sixteen stored keys, each with a rewrite of the whole file.
+[[nodiscard]] SettingsSaveResult StoreSettings(const std::filesystem::path& path, const Settings& settings);
+/// The same. @return true when all succeeded.
 [[nodiscard]] bool SaveSettings(const std::filesystem::path& path, const Settings& settings);
 
 /// Finds the first line that starts with `key` before the line ".END". Nothing is trimmed.

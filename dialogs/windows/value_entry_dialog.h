@@ -30,7 +30,7 @@ private:
 
     ValueEntry entry_;
     EntryKeyFilter keys_;
-    POINT anchor_;
+    POINT anchor_;  ///< AnchorX and AnchorY, in pixels of the screen
     DisplaySizeLimit limit_;
     std::optional<std::wstring> new_ratio_;
 };

@@ -10,7 +10,9 @@
 namespace pixora {
 
 /// Draws one owner-drawn push button (BS_OWNERDRAW) of a dialog, which passes its WM_DRAWITEM to Draw(). The
-/// button's window text is its caption. Changes repaint the button.
+/// button's window text is its caption. Changes repaint the button. As with every button, the edge sinks
+/// while the button is pressed, the caption turns grey while it is disabled, and a dotted line tells the
+/// keyboard.
 class CColorButton {
 public:
     /// The face of a button that shows no state.

@@ -74,7 +74,7 @@ Handled OptionWindow::OnCommand(const Command& command) {
     if (command.code != BN_CLICKED || !buttons_.Click(command.id, *context_.settings)) return Handled::no;
     ShowStates();
     const bool saved = SaveOptions(kind_, context_.settings_path, *context_.settings);
-    OnChanged(command.id);
+    if (RedrawsViewers(kind_, command.id)) Flags().redraw_viewer.fill(true);
     if (!saved) ShowPlainBox(Window(), std::wstring(kSaveNotComplete));
     return Handled::yes;
 }
@@ -89,17 +89,9 @@ CViewerOption::CViewerOption(OptionContext context)
     : OptionWindow(IDD_VIEWER_OPTION, OptionDialog::viewer_option, WindowKind::viewer_option,
                    &SharedFlags::viewer_option_open, std::move(context)) {}
 
-void CViewerOption::OnChanged(int control) {
-    if (control == IDC_CAP_SIMPLE || control == IDC_CAP_FULL) Flags().redraw_viewer.fill(true);
-}
-
 CRegionStyle::CRegionStyle(OptionContext context)
     : OptionWindow(IDD_REGION_STYLE, OptionDialog::region_style, WindowKind::region_style,
                    &SharedFlags::region_style_open, std::move(context)) {}
-
-void CRegionStyle::OnChanged(int) {
-    Flags().redraw_viewer.fill(true);
-}
 
 CMainOption::CMainOption(OptionContext context)
     : OptionWindow(IDD_MAIN_OPTION, OptionDialog::main_option, WindowKind::main_option,

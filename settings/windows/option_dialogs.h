@@ -35,8 +35,6 @@ protected:
     Handled OnCommand(const Command& command) override;
     void OnTick() override;
     void OnDestroy() override { Flags().*open_flag_ = false; }
-    /// A click has been stored; `control` was clicked.
-    virtual void OnChanged(int control) = 0;
 
     /// Takes the states of all buttons from the settings and shows them.
     void ShowSettings();
@@ -58,18 +56,12 @@ private:
 class CViewerOption final : public OptionWindow {
 public:
     explicit CViewerOption(OptionContext context);
-
-private:
-    void OnChanged(int control) override;
 };
 
 /// "Line and Region Style": colours and border type of the lines and the region.
 class CRegionStyle final : public OptionWindow {
 public:
     explicit CRegionStyle(OptionContext context);
-
-private:
-    void OnChanged(int control) override;
 };
 
 /// "Main Dialog Option": where the main window starts.
@@ -79,7 +71,6 @@ public:
 
 private:
     void OnTick() override;
-    void OnChanged(int) override {}
 };
 
 }  // namespace pixora

@@ -52,7 +52,7 @@ int Show(const std::wstring& kind, const Texts& texts) {
     }
     const auto message = [&] { return pixora::Message{texts.at(0), texts.at(1), texts.at(2), texts.at(3)}; };
     if (kind == L"failing") Failing().RunModal(nullptr);
-    if (kind == L"error") pixora::ShowErrorBox(nullptr, message());
+    if (kind == L"error") pixora::ShowErrorBox(nullptr, texts.at(0), texts.at(1), texts.at(2), texts.at(3));
     if (kind == L"information") pixora::ShowInformation(nullptr, message());
     if (kind == L"question") return pixora::AskYesCancel(nullptr, message()) ? 1 : 0;
     if (kind == L"notice") pixora::ShowOneshotMessage(nullptr, texts.at(0));

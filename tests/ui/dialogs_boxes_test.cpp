@@ -1,6 +1,8 @@
 // The message windows: what they show, which keys close them, and where they stand.
 #include <doctest/doctest.h>
 
+#include <array>
+
 #include "tests/ui/support/boxes.h"
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
@@ -53,6 +55,12 @@ private:
 /// The top of a control in its window's client area.
 LONG TopOf(const Window& box, int id) {
     return box.Item(id).Frame().top - box.Client().top;
+}
+
+/// The left edge of a control in its window's client area, its width and its height.
+std::array<LONG, 3> LeftAndSizeOf(const Window& box, int id) {
+    const RECT frame = box.Item(id).Frame();
+    return {frame.left - box.Client().left, frame.right - frame.left, frame.bottom - frame.top};
 }
 
 /// The text of a control that can be seen.
@@ -117,8 +125,10 @@ TEST_CASE("a question is accepted by OK alone: Enter on it, not on CANCEL, and n
 }
 
 TEST_CASE("the message windows place three lines, and move them up when the first one is empty") {
+    std::array<std::array<LONG, 3>, 2> left_and_size{};
     {
         const Host host(L"error", {L" : Error", L"one", L"two", L"three"});
+        left_and_size = {LeftAndSizeOf(host.Box(), kLine2), LeftAndSizeOf(host.Box(), kLine3)};
         CHECK(ReadErrorBox(host.Box()) == ErrorTexts{L"Pixora  : Error   ", L"one", L"two", L"three"});
         CHECK(TopOf(host.Box(), kLine1) < TopOf(host.Box(), kLine2));
         CHECK(TopOf(host.Box(), kLine2) < TopOf(host.Box(), kLine3));
@@ -130,6 +140,8 @@ TEST_CASE("the message windows place three lines, and move them up when the firs
         CHECK(ShownText(host.Box(), kLine1) == L"(hidden)");
         CHECK(TopOf(host.Box(), kLine2) == 20);
         CHECK(TopOf(host.Box(), kLine3) == 45);
+        CHECK(LeftAndSizeOf(host.Box(), kLine2) == left_and_size[0]);
+        CHECK(LeftAndSizeOf(host.Box(), kLine3) == left_and_size[1]);
         PressKey(VK_RETURN);
         CHECK(host.WaitForEnd() == 0);
     }

@@ -106,6 +106,7 @@ TEST_CASE("restored defaults reach open viewers with the next change of the line
     const std::filesystem::path file = ScratchFile(L"a.bmp", BmpBytes(Chart(120, 90), 24));
     Program program({.settings = {{L"CAP_STYLE", L"FULL"}}});
     const Window viewer = program.Open(file);
+    const Window second = program.Open(file, 2);
     const std::wstring with_path = L"[1 ]  (100%) File Name : " + file.wstring();
     CHECK(viewer.Text() == with_path);
     const Window dialog = OpenOptions(program, kRegionStyle);
@@ -117,6 +118,7 @@ TEST_CASE("restored defaults reach open viewers with the next change of the line
     ClickChoice(program, dialog, kChoices, kLineGreen);
     WaitFor("the viewer to take the settings over",
             [&] { return viewer.Text() == L"[1 ]  (100%) File Name : a.bmp"; });
+    WaitFor("the second viewer, too", [&] { return second.Text() == L"[2 ]  (100%) File Name : a.bmp"; });
     program.Exit();
 }
 

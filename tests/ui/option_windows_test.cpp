@@ -17,7 +17,8 @@ const std::vector<Choice> kPositions = {
     {kTopRight, L"TOP - RIGHT", 0, {{L"MAIN_POS", L"TR"}}},
     {kLast, L"Last Position", 0, {{L"MAIN_POS", L"LAST"}}},
 };
-constexpr int kLevelOn = 1246, kLevelOff = 1260, kBinning = 1247, kNoBinning = 1248, kMarkGray = 1249;
+constexpr int kLevelOn = 1246, kLevelOff = 1260, kBinning = 1247, kNoBinning = 1248, kMarkGray = 1249,
+              kFullPath = 1254;
 const std::vector<Choice> kLevelCursor = {{kLevelOn, L"ON", 1, {}}, {kLevelOff, L"OFF", 1, {}}};
 const std::vector<Choice> kHistogram = {{kBinning, L"256 Levels", 2, {}}, {kNoBinning, L"No Binning", 2, {}}};
 
@@ -235,12 +236,18 @@ TEST_CASE("Restore Defaults shows its start position in the main dialog option a
 
 TEST_CASE("a key that the settings file has lost makes every click incomplete, the others are stored") {
     Program program;
+    const Window shown = program.Open(ScratchFile(L"a.bmp", BmpBytes(Chart(120, 90), 24)));
     RemoveLine("HIS_BINNING");
     const Window viewer = OpenOptions(program, kViewerOption);
     Click(viewer.Item(kLevelOff));
     DismissIncomplete(program, viewer);
     CHECK(ButtonsOn(viewer, kLevelCursor) == std::vector<int>{kLevelOff});
     CHECK(StoredSetting(L"LVL_CURSOR") == L"OFF");
+    // What was clicked takes effect all the same.
+    Click(viewer.Item(kFullPath));
+    DismissIncomplete(program, viewer);
+    WaitFor("the viewer's caption to have the path",
+            [&] { return shown.Text().ends_with((ScratchFolder() / L"a.bmp").wstring()); });
     const Window style = OpenOptions(program, kRegionStyle);
     Click(style.Item(kMarkGray));
     DismissIncomplete(program, style);

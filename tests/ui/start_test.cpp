@@ -31,7 +31,6 @@ TEST_CASE("the splash page names the product for two seconds, then the main wind
     const Process process(QuotedProgram());
     SetWatch([&] { process.CheckAlive(); });
     const Window splash = process.WaitForWindow("the splash page", IsSplash);
-    const long long seen = Now_ms();
     WaitFor("the splash page's texts", [&] { return !splash.ItemText(1165).empty(); });
     CHECK(splash.ItemText(1165) == L"Pixora  (Ver. 2.00)");
     CHECK(splash.ItemText(1166) == L"Image File Viewer and Analyzer");
@@ -40,7 +39,6 @@ TEST_CASE("the splash page names the product for two seconds, then the main wind
     CHECK_FALSE(process.FindWindow(IsMainWindow));
     WaitFor("the splash page to close by itself", [&] { return !splash.Exists(); });
     CHECK(Now_ms() - started >= 2000);
-    CHECK(Now_ms() - seen < 4000);
     const Window main = process.WaitForWindow("the main window", IsMainWindow);
     SetWatch(nullptr);
     main.Post(WM_CLOSE);

@@ -139,8 +139,9 @@ TEST_CASE("mode 4 names both limits, and without a case there is no third line")
 
 TEST_CASE("percentages with and without point and sign are display sizes") {
     for (const wchar_t* text :
-         {L"50", L"50%", L"  50%", L"12.5", L"12.5%", L"50  ", L" 50 ", L".96", L"1", L"0050", L"1.23456",
-          L"10000", L"10000%", L"10000.05", L"10000.0", L"9999.99", L"5\u0430"}) {
+         {L"50",     L"50%",      L"  50%",   L"12.5",    L"12.5%",   L"50  ",        L" 50 ",
+          L"50. ",   L" 50. ",    L".96",     L"1",       L"0050",    L"1.23456",     L"10000",
+          L"10000%", L"10000.05", L"10000.0", L"9999.99", L"5\u0430", L"10000.\u0431"}) {
         CAPTURE(text);
         CHECK(IsAccepted(ValidateDisplaySizeText(text)));
     }
@@ -199,6 +200,7 @@ TEST_CASE("an accepted display size becomes a ratio of three decimals") {
     CHECK(NormaliseDisplaySize(L"50%") == L"0.500");
     CHECK(NormaliseDisplaySize(L"  50%") == L"0.500");
     CHECK(NormaliseDisplaySize(L" 50 ") == L"0.500");
+    CHECK(NormaliseDisplaySize(L"50. ") == L"0.500");
     CHECK(NormaliseDisplaySize(L"12.5%") == L"0.125");
     CHECK(NormaliseDisplaySize(L"12.34") == L"0.123");
     CHECK(NormaliseDisplaySize(L".96") == L"0.010");

@@ -277,6 +277,25 @@ TEST_CASE("a settings file without one key makes every save incomplete, but not 
     CHECK(kSaveNotComplete == L"\"Save settings\" is not complete");
 }
 
+TEST_CASE("a settings file that cannot be used at all is told once, not as an incomplete save, too") {
+    const std::filesystem::path path(std::string(260, 'p'));
+    int faults = 0;
+    SetSettingsFaultHandler([&](const std::filesystem::path&) { ++faults; });
+    CHECK(SaveOptions(kViewer, path, DefaultSettings(kFolders)));
+    SetSettingsFaultHandler(nullptr);
+    CHECK(faults == 1);
+}
+
+TEST_CASE("open viewers are drawn anew after a click on a style or a form of the caption only") {
+    for (const OptionDialog dialog : {kViewer, kRegion, kMain})
+        for (const OptionChoice& choice : OptionChoices(dialog)) {
+            CAPTURE(choice.control);
+            CHECK(RedrawsViewers(dialog, choice.control) ==
+                  (dialog == kRegion || choice.key == &Settings::CAP_STYLE));
+        }
+    CHECK_FALSE(RedrawsViewers(kViewer, 1));
+}
+
 TEST_CASE("the main dialog options write the start position alone") {
     const ScratchFolder folder;
     const auto path = folder / "Pixora.ini";
