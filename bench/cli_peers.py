@@ -6,8 +6,8 @@
 Prints the tables of docs/performance.md. Every time is the processor time of a whole process, user and system, from its
 start to its end; the median of ROUNDS (9) runs, all programs taking turns, files in the page cache. "Plain" is
 pixora_plain_io: it reads the same files once with read() into one reused buffer of the product's block size, or reads
-and writes as many bytes, or does nothing. Peers that are not installed (Debian's libvips-tools, imagemagick,
-python3-numpy) are left out. PIXORA_BENCH_DIR names the folder for the images, below which all is removed again.
+and writes as many bytes, or does nothing. Peers that are not installed (Debian's libvips-tools, imagemagick) are left
+out. The images go into a folder of the run's own, made in PIXORA_BENCH_DIR and removed in the end.
 """
 
 import os

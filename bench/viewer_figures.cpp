@@ -104,7 +104,7 @@ void Close(Program& program, const Window& viewer) {
     program.WaitForTitle(L"Pixora");
 }
 
-/// A grey-free image whose colours tell the place: red the column, green the row, in eighths of a pixel.
+/// A grey-free image whose colours tell the place: red the column, green the row, one level for 64 pixels.
 std::string PlaceChart(int width, int height) {
     BmpFile file{.width = width, .height = height};
     const std::size_t stride = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
