@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/paths.h"
 #include "cli/region_sink.h"
+#include "cli/stop.h"
 #include "image/read_result.h"
 #include "image/region_save.h"
 #include "viewer/region_file.h"
@@ -49,12 +50,12 @@ int ChannelFor(const Session& session, const ImageBuffer& image) {
     return image.colour ? session.options.channel : int{kGrey};
 }
 
-// The samples of a region as a viewer of them alone would have them.
-ViewerState StateOf(ImageBuffer image, RegionSink& sink) {
-    ViewerState state;
-    state.image = std::move(image);
-    state.samples = std::move(sink.Samples());
-    return state;
+// Colour samples are saved as they were read; of a grey image one of three is.
+bool SaveSamples(const SampleBuffer& part, bool colour, std::uint32_t bits, const fs::path& path) {
+    const auto width = static_cast<std::uint32_t>(part.width),
+               height = static_cast<std::uint32_t>(part.height);
+    if (colour) return SaveRegion({width, height, colour, bits, part.samples.All()}, path);
+    return SaveRegion(CutOutRegion(part, colour, bits, WholeImage(part.width, part.height)).Pixels(), path);
 }
 
 }  // namespace
@@ -96,12 +97,12 @@ int SavePart(Session& session, const std::string& file) {
     RegionSink sink;
     sink.Expect(session.options.region);
     int status = kDone;
-    std::optional<ImageBuffer> image = session.Read(file, &sink, status);
+    const std::optional<ImageBuffer> image = session.Read(file, &sink, status);
     if (!image) return status;
-    const ViewerState state = StateOf(*std::move(image), sink);
-    const CutRegion cut = CutOutRegion(state, WholeImage(state.samples.width, state.samples.height));
-    if (SaveRegion(cut.Pixels(), PathOf(out))) return kDone;
-    if (!cut.colour && cut.bits > 12 && !ChoosesTiff(WideText(PathOf(out)))) {
+    const bool colour = image->colour != 0;
+    const std::uint32_t bits = EffectiveBits(*image);
+    if (SaveSamples(sink.Samples(), colour, bits, PathOf(out))) return kDone;
+    if (!colour && bits > 12 && !ChoosesTiff(WideText(PathOf(out)))) {
         session.Say(out, "a grey image of 14 or 16 bits can be saved as TIFF only");
         return kFailed;
     }
@@ -131,6 +132,7 @@ int Convert(Session& session, const std::string& file) {
         return kUsage;
     }
     session.Warn(file, result);
+    if (StopRequested()) return kFailed;  // the old files stay
     if (data && !data->Commit()) return CannotWrite(session, options.data);
     return display->Commit() ? kDone : CannotWrite(session, options.out);
 }

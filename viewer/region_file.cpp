@@ -51,12 +51,11 @@ std::wstring ProposedRegionPath(const ImageBuffer& image, const Region& region, 
     return path + RegionFileName(image, region);
 }
 
-CutRegion CutOutRegion(const ViewerState& state, const Region& region) {
-    const SampleBuffer& source = state.samples;
+CutRegion CutOutRegion(const SampleBuffer& source, bool colour, std::uint32_t bits, const Region& region) {
     const Region part = ClippedTo(region, source.width, source.height);
     CutRegion cut;
-    cut.colour = state.image.colour != 0;
-    cut.bits = EffectiveBits(state.image);
+    cut.colour = colour;
+    cut.bits = bits;
     if (IsEmpty(part)) return cut;
     cut.width = static_cast<std::uint32_t>(part.right - part.left + 1);
     cut.height = static_cast<std::uint32_t>(part.bottom - part.top + 1);
@@ -73,7 +72,9 @@ CutRegion CutOutRegion(const ViewerState& state, const Region& region) {
 bool SaveRegionOf(const ViewerState& state, const Region& region,
                   const std::filesystem::path& path) noexcept {
     try {
-        return SaveRegion(CutOutRegion(state, region).Pixels(), path);
+        const bool colour = state.image.colour != 0;
+        return SaveRegion(CutOutRegion(state.samples, colour, EffectiveBits(state.image), region).Pixels(),
+                          path);
     } catch (const std::exception&) {  // no memory
         return false;
     }

@@ -38,9 +38,11 @@ struct CutRegion {
     [[nodiscard]] RegionPixels Pixels() const { return {width, height, colour, bits, samples}; }
 };
 
-/// Cuts a region out of the viewer's samples, rows top to bottom. What lies outside the image is left out,
-/// so that nothing may be left.
-[[nodiscard]] CutRegion CutOutRegion(const ViewerState& state, const Region& region);
+/// Cuts a region out of an image's samples, rows top to bottom. What lies outside the image is left out, so
+/// that nothing may be left.
+/// @param bits  the depth that measurements work with.
+[[nodiscard]] CutRegion CutOutRegion(const SampleBuffer& source, bool colour, std::uint32_t bits,
+                                     const Region& region);
 
 /// Saves a region of the viewer's image as the kind of file that the path's extension chooses.
 /// @return false, with the file at `path` as it was, when SaveRegion() refuses or the memory cannot be had.

@@ -36,6 +36,10 @@ ViewerState WithSamples(bool colour) {
     return state;
 }
 
+CutRegion CutOf(const ViewerState& state) {
+    return CutOutRegion(state.samples, state.image.colour != 0, EffectiveBits(state.image), state.region);
+}
+
 }  // namespace
 
 TEST_CASE("a region's file is named after its source and its edges") {
@@ -61,14 +65,14 @@ TEST_CASE("the name has the edges as they are stored, outside the image too") {
 TEST_CASE("a region is cut out row by row, one sample a grey pixel, three a colour one") {
     ViewerState grey = WithSamples(false);
     grey.region = {1, 1, 2, 2};
-    const CutRegion one = CutOutRegion(grey, grey.region);
+    const CutRegion one = CutOf(grey);
     CHECK(one.width == 2);
     CHECK(one.height == 2);
     CHECK_FALSE(one.colour);
     CHECK(one.samples == Samples{111, 112, 121, 122});
     ViewerState colour = WithSamples(true);
     colour.region = {3, 0, 3, 1};
-    const CutRegion three = CutOutRegion(colour, colour.region);
+    const CutRegion three = CutOf(colour);
     CHECK(three.colour);
     CHECK(three.width == 1);
     CHECK(three.height == 2);
@@ -79,10 +83,10 @@ TEST_CASE("a region is cut out row by row, one sample a grey pixel, three a colo
 TEST_CASE("what lies outside the image is left out") {
     ViewerState state = WithSamples(false);
     state.region = {-1, 2, 0, 9};
-    CHECK(CutOutRegion(state, state.region).samples == Samples{120});
+    CHECK(CutOf(state).samples == Samples{120});
     for (const Region& region : {Region{0, 2, 3, 1}, Region{4, 0, 9, 2}, Region{-5, 0, -1, 2}}) {
         state.region = region;
-        const CutRegion cut = CutOutRegion(state, state.region);
+        const CutRegion cut = CutOf(state);
         CHECK(cut.width == 0);
         CHECK(cut.height == 0);
         CHECK(cut.samples.empty());
@@ -91,11 +95,11 @@ TEST_CASE("what lies outside the image is left out") {
 
 TEST_CASE("a region has the depth that measurements work with") {
     ViewerState state = WithSamples(false);
-    CHECK(CutOutRegion(state, state.region).bits == 8);
+    CHECK(CutOf(state).bits == 8);
     state.image.bits_per_sample = 16;
     state.image.valid_bits = 12;
     state.image.raw_data = 1;
-    CHECK(CutOutRegion(state, state.region).bits == 12);
+    CHECK(CutOf(state).bits == 12);
 }
 
 TEST_CASE("the proposed name stands in the folder where regions were saved last") {

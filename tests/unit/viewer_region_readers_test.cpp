@@ -84,7 +84,8 @@ public:
             for (int channel = 0; channel < Channels(); ++channel)
                 expected.push_back(SampleAt(state_, x, y, channel));
         });
-        const CutRegion cut = CutOutRegion(state_, state_.region);
+        const CutRegion cut = CutOutRegion(state_.samples, state_.image.colour != 0,
+                                           EffectiveBits(state_.image), state_.region);
         const std::size_t pixels = std::size_t{cut.width} * cut.height;
         return cut.samples == expected && pixels * static_cast<std::size_t>(Channels()) == expected.size();
     }
