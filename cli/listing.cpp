@@ -1,6 +1,4 @@
 // The commands that list facts and figures of many files.
-#include <array>
-
 #include "base/number_text.h"
 #include "base/utf8.h"
 #include "cli/commands.h"

@@ -10,9 +10,9 @@ namespace {
 
 std::string Joined(const std::vector<Field>& fields, bool names) {
     std::string line;
-    for (const Field& field : fields) {
-        if (!line.empty()) line += ',';
-        line += CsvField(names ? field.name : field.value);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0) line += ',';
+        line += CsvField(names ? fields[i].name : fields[i].value);
     }
     return line + '\n';
 }

@@ -291,6 +291,19 @@ def check_stopping(checks):
     checks.that("a batch that is stopped", good and (not results or results.endswith(b"\n")))
 
 
+def check_stopping_twice(checks, image):
+    """A program that waits for a reader of its results hears of a second signal."""
+    process = subprocess.Popen([checks.program, "info", *[image] * 3000], stdout=subprocess.PIPE)
+    time.sleep(1)
+    process.send_signal(signal.SIGTERM)
+    process.send_signal(signal.SIGTERM)
+    time.sleep(2.1)
+    waited = process.poll() is None
+    process.send_signal(signal.SIGTERM)
+    checks.that(f"a second signal: {process.wait(60)}", waited and process.returncode == -signal.SIGTERM)
+    process.stdout.close()
+
+
 def run_examples(checks, folder):
     environment = {**os.environ, "PATH": f"{folder}:{os.environ['PATH']}"}
 
@@ -348,5 +361,6 @@ def check(checks, root):
     check_strip_table(checks)
     check_many(checks, image)
     check_stopping(checks)
+    check_stopping_twice(checks, image)
     check_examples(checks, root)
     check_short_examples(checks, root)

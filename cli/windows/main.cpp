@@ -1,6 +1,7 @@
 // The program on Windows: wide arguments, wildcards, consoles that take wide text.
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
