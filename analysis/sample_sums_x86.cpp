@@ -1,12 +1,12 @@
 #include "analysis/sample_sums_x86.h"
 
-#if defined(__GNUC__) && defined(__x86_64__)
+#include "base/cpu_x86.h"
+
+#if PIXORA_X86
 
 #include <immintrin.h>
 
 #include <algorithm>
-
-#define PIXORA_AVX2 __attribute__((target("avx2")))
 
 namespace pixora::x86 {
 namespace {
@@ -15,11 +15,6 @@ constexpr std::size_t kWords = 16;  // samples in a register
 // After so many registers of samples the 32-bit sums could overflow.
 constexpr std::size_t kRegistersAtOnce = 16384;
 constexpr std::uint64_t kMiddle = 32768;
-
-bool Available() {
-    static const bool available = __builtin_cpu_supports("avx2") != 0;
-    return available;
-}
 
 PIXORA_AVX2 inline __m256i Load(const std::uint16_t* from) {
     return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
@@ -114,14 +109,14 @@ PIXORA_AVX2 std::size_t Add3(const std::uint16_t* triples, std::size_t count,
 
 std::size_t AddSamples(std::span<const std::uint16_t> samples, SampleSums& sums) {
     std::size_t done = 0;
-    while (Available() && samples.size() - done >= kWords)
+    while (HasAvx2() && samples.size() - done >= kWords)
         done += Add(samples.data() + done, samples.size() - done, sums);
     return done;
 }
 
 std::size_t AddTriples(std::span<const std::uint16_t> triples, std::array<SampleSums, 3>& sums) {
     std::size_t done = 0;
-    while (Available() && triples.size() - done >= 3 * kWords)
+    while (HasAvx2() && triples.size() - done >= 3 * kWords)
         done += Add3(triples.data() + done, triples.size() - done, sums);
     return done;
 }

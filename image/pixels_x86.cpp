@@ -1,18 +1,13 @@
 #include "image/pixels_x86.h"
 
-#if defined(__GNUC__) && defined(__x86_64__)
+#include "base/cpu_x86.h"
+
+#if PIXORA_X86
 
 #include <immintrin.h>
 
-#define PIXORA_SSSE3 __attribute__((target("ssse3")))
-
 namespace pixora::x86 {
 namespace {
-
-bool Available() {
-    static const bool available = __builtin_cpu_supports("ssse3") != 0;
-    return available;
-}
 
 __m128i Load(const std::uint16_t* from) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
@@ -126,7 +121,7 @@ std::size_t FindColour(std::span<const std::byte> triples, bool& colour) {
 }
 
 std::size_t SwapRedAndBlue(std::span<std::uint16_t> samples) {
-    return Available() ? Swap(samples.data(), samples.size()) : 0;
+    return HasSsse3() ? Swap(samples.data(), samples.size()) : 0;
 }
 
 std::size_t NarrowSamples(std::span<const std::uint16_t> samples, int shift, std::span<std::byte> bytes) {
@@ -134,11 +129,11 @@ std::size_t NarrowSamples(std::span<const std::uint16_t> samples, int shift, std
 }
 
 std::size_t NarrowGrey(std::span<const std::uint16_t> grey, int shift, std::span<std::byte> triples) {
-    return Available() ? NarrowThrice(grey.data(), grey.size(), shift, triples.data()) : 0;
+    return HasSsse3() ? NarrowThrice(grey.data(), grey.size(), shift, triples.data()) : 0;
 }
 
 std::size_t RepeatGrey(std::span<const std::uint16_t> grey, std::span<std::uint16_t> triples) {
-    return Available() ? Repeat(grey.data(), grey.size(), triples.data()) : 0;
+    return HasSsse3() ? Repeat(grey.data(), grey.size(), triples.data()) : 0;
 }
 
 }  // namespace pixora::x86

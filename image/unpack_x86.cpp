@@ -1,21 +1,16 @@
 #include "image/unpack_x86.h"
 
-#if defined(__GNUC__) && defined(__x86_64__)
+#include "base/cpu_x86.h"
+
+#if PIXORA_X86
 
 #include <immintrin.h>
 
 #include <algorithm>
 #include <array>
 
-#define PIXORA_AVX2 __attribute__((target("avx2")))
-
 namespace pixora::x86 {
 namespace {
-
-bool Available() {
-    static const bool available = __builtin_cpu_supports("avx2") != 0;
-    return available;
-}
 
 constexpr std::size_t kHalf = 8;                 // samples in half a register
 constexpr std::size_t kHalves = 6;               // three registers are whole pixels of every layout
@@ -142,7 +137,7 @@ PIXORA_AVX2 std::size_t Widen(const std::byte* stored, std::size_t bytes, std::u
 }  // namespace
 
 std::size_t Unpack(PixelLayout layout, std::span<const std::byte> stored, std::span<std::uint16_t> samples) {
-    if (!Available()) return 0;
+    if (!HasAvx2()) return 0;
     switch (layout) {
         case PixelLayout::mono8:
             return Widen(stored.data(), stored.size(), samples.data());

@@ -1,12 +1,13 @@
 #include "image/valid_bits.h"
 
+#include "base/cpu_x86.h"
+
 namespace pixora {
 namespace {
 
 // The compiler makes of each loop as many samples at a time as the processor's registers hold.
-#if defined(__GNUC__) && defined(__x86_64__)
+#if PIXORA_X86
 #define PIXORA_INLINE __attribute__((always_inline)) inline
-#define PIXORA_AVX2 __attribute__((target("avx2")))
 #else
 #define PIXORA_INLINE inline
 #endif
@@ -22,24 +23,12 @@ PIXORA_INLINE void ShiftDown(std::span<std::uint16_t> samples, int shift) {
     for (std::uint16_t& sample : samples) sample = static_cast<std::uint16_t>(sample >> shift);
 }
 
-#ifdef PIXORA_AVX2
-bool HasAvx2() {
-    static const bool has = __builtin_cpu_supports("avx2") != 0;
-    return has;
-}
 PIXORA_AVX2 std::uint16_t DifferingBitsAvx2(std::span<const std::uint16_t> samples, std::uint16_t first) {
     return DifferingBits(samples, first);
 }
 PIXORA_AVX2 void ShiftDownAvx2(std::span<std::uint16_t> samples, int shift) {
     ShiftDown(samples, shift);
 }
-#else
-constexpr bool HasAvx2() {
-    return false;
-}
-constexpr auto DifferingBitsAvx2 = DifferingBits;
-constexpr auto ShiftDownAvx2 = ShiftDown;
-#endif
 
 }  // namespace
 
