@@ -249,18 +249,8 @@ def check_large_flat(checks, width, height, value, counted):
     path.unlink()
 
 
-def main():
-    if len(sys.argv) not in (2, 3):
-        print(__doc__)
-        return 2
-    program = pathlib.Path(sys.argv[1]).resolve()
-    for needed in (program, program.with_name("pixora_bench")):
-        if not needed.is_file():
-            print(f"there is no program {needed}")
-            return 2
-    seed = int(sys.argv[2]) if len(sys.argv) == 3 else 20
+def check_all(checks, seed):
     random = np.random.default_rng(seed)
-    checks = Checks(program)
     for path in sorted(SAMPLES.glob("*.bmp")) + sorted(SAMPLES.glob("*.tif")):
         check_image(checks, path, random)
     for _ in range(RANDOM_FILES):
@@ -279,8 +269,23 @@ def main():
     check_large_flat(checks, 4000, 2500, 0, "10000000")
     cli_behaviour.check(checks, ROOT)
     cli_limits.check(checks)
-    cli_kernel.check(checks, program.with_name("pixora_bench"))
-    shutil.rmtree(checks.folder)
+    cli_kernel.check(checks, checks.program.with_name("pixora_bench"))
+
+
+def main():
+    if len(sys.argv) not in (2, 3):
+        print(__doc__)
+        return 2
+    program = pathlib.Path(sys.argv[1]).resolve()
+    for needed in (program, program.with_name("pixora_bench")):
+        if not needed.is_file():
+            print(f"there is no program {needed}")
+            return 2
+    checks = Checks(program)
+    try:
+        check_all(checks, int(sys.argv[2]) if len(sys.argv) == 3 else 20)
+    finally:
+        shutil.rmtree(checks.folder)
     print(f"{checks.passed} passed, {checks.failed} failed")
     return 1 if checks.failed or not checks.passed else 0
 
