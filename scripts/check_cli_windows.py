@@ -61,14 +61,8 @@ class Side:
         return status, results, said, made
 
 
-def main():
-    if len(sys.argv) != 4:
-        print(__doc__)
-        return 2
-    wine, windows, native = sys.argv[1], pathlib.Path(sys.argv[2]).resolve(), pathlib.Path(sys.argv[3]).resolve()
-    samples = sorted(p for p in (ROOT / "samples").iterdir() if p.suffix in (".bmp", ".tif"))
-    work = pathlib.Path(tempfile.mkdtemp(prefix="pixora-check-"))
-    sides = [Side(work / "native", [native], samples), Side(work / "windows", [wine, windows], samples)]
+def compare(wine, sides, samples):
+    """How many calls did the same on both sides, and a text about each other one."""
     names = [f"samples/{p.name}" for p in samples]
     calls = [[*words[:1], *names, "samples/README", *words[1:]] for words in LISTINGS]
     calls += [[words[0], name, *words[1:]] for words in WRITERS for name in names[::3]]
@@ -91,7 +85,19 @@ def main():
         else:
             failures.append(f"wildcards {pattern}: {wild[:1]} {wild[2]}")
     waiting.communicate(b"\n", timeout=60)
-    shutil.rmtree(work)
+    return passed, failures
+
+
+def main():
+    if len(sys.argv) != 4:
+        print(__doc__)
+        return 2
+    wine, windows, native = sys.argv[1], pathlib.Path(sys.argv[2]).resolve(), pathlib.Path(sys.argv[3]).resolve()
+    samples = sorted(p for p in (ROOT / "samples").iterdir() if p.suffix in (".bmp", ".tif"))
+    with tempfile.TemporaryDirectory(prefix="pixora-check-") as folder:
+        work = pathlib.Path(folder)
+        sides = [Side(work / "native", [native], samples), Side(work / "windows", [wine, windows], samples)]
+        passed, failures = compare(wine, sides, samples)
     for failure in failures:
         print(f"FAILED: {failure}")
     print(f"{passed} passed, {len(failures)} failed")
