@@ -2,10 +2,7 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "cli/console.h"
-#include "cli/options.h"
 #include "cli/session.h"
 
 namespace pixora::cli {
