@@ -60,7 +60,7 @@ void CheckLabelPlaces(const Window& view) {
         const int column = (i + 1) * (plot.right - plot.left - 1) / 4;
         CHECK(std::abs(view.Item(kHistLabels[i]).Centre().x - (plot.left + column)) <= 1);
     }
-    CHECK(std::abs(view.Item(kHistFullScale).Centre().y - plot.top) <= 2);
+    CHECK(std::abs(view.Item(kHistFullScale).Centre().y - (plot.top + 1)) <= 1);
 }
 
 void SetMinimised(const Program& program, bool minimised) {
