@@ -37,11 +37,11 @@
 //                       back, by the channel button of the histogram and profile views, by every change in
 //                       the histogram view and by the end of a profile view whose line shows; read and
 //                       cleared by the view
-//   redraw_canvas       set by the same, but not by clicks that move lines, by the end of the coordinates mode
-//                       alone, by the channel button of the histogram and profile views and by changes in
-//                       the histogram view; also by everything that hides the mark, by the viewer's tick when
-//                       a region that shows has changed, and by the profile views as they open and as they
-//                       show, hide or move their line; read and cleared by the viewer's tick
+//   redraw_canvas       set by the same, but not by clicks that move lines, by the end of the coordinates
+//                       mode alone, by the channel button of the histogram and profile views and by changes
+//                       in the histogram view; also by everything that hides the mark, by the viewer's tick
+//                       when a region that shows has changed, and by the profile views as they open and as
+//                       they show, hide or move their line; read and cleared by the viewer's tick
 //   region_changed      one for each view: set by ENTER of the coordinates dialog alone; the statistics view
 //                       reads and clears its own and ends the modes then; the others follow the region itself
 //   corner_off, move_off
