@@ -73,6 +73,13 @@ TEST_CASE("coordinates are typed after EDIT and taken by ENTER") {
     TypeInto(dialog.Item(kCoordRight), L"60");
     TypeInto(dialog.Item(kCoordBottom), L"70");
     WaitForEdges(dialog, {10, 20, 60, 70});
+    // It hides with the other windows and comes back with what was typed.
+    bench.program.Main().Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    WaitFor("the dialog to hide", [&] { return !dialog.Visible() && !bench.viewer.Visible(); });
+    bench.program.Main().Post(WM_SYSCOMMAND, SC_RESTORE);
+    WaitFor("the dialog to come back", [&] { return dialog.Visible() && bench.viewer.Visible(); });
+    WaitForEdges(dialog, {10, 20, 60, 70});
+    CHECK(dialog.Item(kCoordEnter).Enabled());
     Click(dialog.Item(kCoordEnter));
     WaitForText(bench.statistics, kStatRegionSize, L"Region = 51 x 51");
     // Until the next layout the last column and row lie outside of what the viewer shows.

@@ -87,6 +87,22 @@ TEST_CASE("leaving answers an open question with no") {
     CHECK(ReadBytes(SettingsFile()) == before);
 }
 
+TEST_CASE("a copy that cannot be deleted does not keep the program from leaving") {
+    Program program;
+    program.Open(Sample(L"tiff16-mono.tif"), 1);
+    program.Open(Sample(L"bmp24-grey.bmp"), 2);
+    SetWatch(nullptr);
+    {
+        const HeldFile held(DataFolder() / L"import_img_00.bmp");
+        program.Main().Post(WM_CLOSE);
+        // The box about the copy goes with the viewer that it belongs to: nobody has to answer it.
+        CHECK(program.Running().WaitForEnd() == 0);
+    }
+    CHECK(DataFiles() == std::vector<std::wstring>{L"Pixora.ini", L"import_img_00.bmp"});
+    CHECK(StoredSetting(L"MAIN_POS_X") == L"1200");
+    CHECK(StoredSetting(L"MAIN_POS_Y") == L"800");
+}
+
 TEST_CASE("leaving closes an open menu") {
     {
         Program program;

@@ -125,6 +125,14 @@ TEST_CASE("Restore Defaults rewrites the settings file and touches no control an
     CHECK(next.Text() == L"[2 ]  (50%) File Name : kept.bmp");
     CHECK(viewer.Text() == caption);
     CHECK(program.Item(kSizeBox).Text() == L"     200%");
+
+    // A refused text brings the stored size into the box, which is none of its items.
+    TypeInto(program.Item(kSizeBox).Item(1001), L"abc");
+    WaitFor("the typed text", [&] { return program.Item(kSizeBox).Text() == L"abc"; });
+    PressKey(VK_RETURN);
+    CHECK(DismissErrorBox(program).line3 == L"The input string is invalid.");
+    CHECK(program.Item(kSizeBox).Text() == L"      50%");
+    CHECK(program.Item(kSizeBox).Send(CB_GETCURSEL) == CB_ERR);
     program.Exit();
 }
 

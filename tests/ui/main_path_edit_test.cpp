@@ -183,6 +183,12 @@ TEST_CASE("a file dropped during path edit mode opens, the mode stays with the n
     program.Open(dropped, 2);
     CheckControls(program, true);
     CHECK(program.Item(kPathBox).Text() == dropped.wstring());
+    // One that cannot be opened leaves the mode and the path before it.
+    program.Item(kPathBox).SetText(L"half another");
+    program.Drop({ScratchFile(L"text.bmp", "no image at all")});
+    CHECK(DismissErrorBox(program).line1 == L"File: text.bmp");
+    CheckControls(program, true);
+    CHECK(program.Item(kPathBox).Text() == dropped.wstring());
     // It is the last one opened: leaving opens nothing more.
     Click(program.Item(kEdit));
     WaitForNormalMode(program);

@@ -147,6 +147,17 @@ TEST_CASE("a size chosen while the settings file is damaged leaves the other set
     program.Exit();
 }
 
+TEST_CASE("a choice of no item is stored as dashes, and images are opened at half their size then") {
+    Program program;
+    program.Item(kSizeBox).Send(CB_SETCURSEL, static_cast<WPARAM>(-1));
+    program.Main().Send(WM_COMMAND, MAKEWPARAM(kSizeBox, CBN_SELCHANGE));
+    CHECK(StoredSetting(L"IMG_SIZE") == L"---%");
+    const Window viewer = program.Open(ScratchFile(L"small.bmp", BmpBytes(Chart(60, 40), 24)));
+    CHECK(viewer.Text() == L"[1 ]  (50%) File Name : small.bmp");
+    program.Exit();
+    CHECK(StoredSetting(L"IMG_SIZE") == L"---%");
+}
+
 TEST_CASE("Enter stores a typed percentage with three decimals and shows it like an item") {
     struct Typed {
         const wchar_t *text, *ratio, *shown;

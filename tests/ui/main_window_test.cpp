@@ -128,6 +128,13 @@ TEST_CASE("the hidden dialog that runs the main window shows About for its syste
     REQUIRE(hidden.Exists());
     CHECK(hidden.Text() == L"Pixora");
     constexpr WPARAM kAbout = 16;
+    const std::vector<ProbeMenuItem> menu = program.Inside().SystemMenu(hidden);
+    REQUIRE(menu.size() > 2);
+    CHECK(menu[menu.size() - 2].separator != 0);
+    CHECK(menu.back().id == kAbout);
+    CHECK(std::wstring(menu.back().text) == L"Pixora\x306B\x3064\x3044\x3066(&A)...");
+    CHECK(program.Inside().Icons(hidden) == 2);
+    CHECK(program.Inside().Icons(program.Main()) == 2);
     hidden.Post(WM_SYSCOMMAND, kAbout);
     PressOk(program.Running().WaitForWindow(
         "the About box", [](const Window& window) { return window.Text() == L"About Pixora"; }));

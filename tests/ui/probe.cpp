@@ -227,6 +227,13 @@ bool Serve(ProbeBlock& block) {
             else
                 ListMenu(block, window, GetMenu(window), 0);
             return true;
+        case ProbeTask::system_menu:
+            ListMenu(block, nullptr, GetSystemMenu(window, FALSE), 0);
+            return true;
+        case ProbeTask::icons:
+            for (const WPARAM kind : {ICON_BIG, ICON_SMALL})
+                if (SendMessageW(window, WM_GETICON, kind, 0)) ++block.count;
+            return true;
         case ProbeTask::drop:
             return Drop(block, window);
         case ProbeTask::capture:

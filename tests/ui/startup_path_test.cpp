@@ -2,6 +2,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/ui/support/boxes.h"
+#include "tests/ui/support/clipboard.h"
 #include "tests/ui/support/image_files.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/program.h"
@@ -43,12 +44,16 @@ TEST_CASE("a launcher that writes the program's name without quotes opens the pa
     CHECK(process.WaitForEnd() == 0);
 }
 
-TEST_CASE("after a start with a path the path box is empty and RELOAD opens nothing") {
+TEST_CASE("after a start with a path the path box is empty, its menu copies it and RELOAD opens nothing") {
     const std::filesystem::path file = ScratchFile(L"first.bmp", BmpBytes(Chart(40, 30), 24));
     Program program({.arguments = L'"' + file.wstring() + L'"'});
     program.WaitForViewer(1);
     CHECK(program.Item(kPathBox).Text() == L"");
-    Click(program.Item(kReload));
+    SetClipboardText(L"somebody's");
+    Click(program.Item(kPathBox), Button::right);
+    OpenMenu(program.Running(), program.Inside()).Choose(L"Copy Full Path to Clipboard");
+    WaitFor("the copied path", [&] { return ClipboardText() == file.wstring(); });
+    program.Item(kReload).Send(BM_CLICK);  // answered before the next file is dropped
     // The next file gets the second slot: the press before it took none.
     program.Open(ScratchFile(L"second.bmp", BmpBytes(Chart(50, 30), 24)), 2);
     CHECK(program.Viewers() == std::vector<std::wstring>{L"[1 ]  (100%) File Name : first.bmp",
@@ -64,6 +69,7 @@ TEST_CASE("a start-up path that cannot be opened is reported and the program goe
              });
              CHECK(ReadErrorBox(box) == ErrorTexts{L"Pixora  : Error   ", L"File: nothing.bmp",
                                                    L"Failed to Open Image File", L""});
+             CHECK_FALSE(process.FindWindow(IsMainWindow));  // not before it stands in its place
              PressOk(box);
          }});
     CHECK(program.Viewers().empty());

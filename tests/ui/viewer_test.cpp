@@ -34,22 +34,6 @@ void Minimise(const Window& window, bool minimised) {
     WaitFor("the window's state", [&] { return (IsIconic(window.Handle()) != 0) == minimised; });
 }
 
-/// Holds a file open so that nobody can delete it.
-class HeldFile {
-public:
-    explicit HeldFile(const std::filesystem::path& path)
-        : handle_(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                              OPEN_EXISTING, 0, nullptr)) {
-        REQUIRE(handle_ != INVALID_HANDLE_VALUE);
-    }
-    ~HeldFile() { CloseHandle(handle_); }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-
-private:
-    HANDLE handle_;
-};
-
 }  // namespace
 
 TEST_CASE("the viewers hide while the main window is minimised") {

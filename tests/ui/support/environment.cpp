@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 
 #include "tests/ui/support/texts.h"
 #include "tests/ui/support/wait.h"
@@ -93,6 +94,15 @@ UserDataAside::~UserDataAside() {
 
 void DeleteDataFolder() {
     DeleteTree(DataFolder());
+}
+
+HeldFile::HeldFile(const fs::path& path)
+    : handle_(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                          OPEN_EXISTING, 0, nullptr)) {
+    if (handle_ == INVALID_HANDLE_VALUE) throw std::runtime_error("the file to hold cannot be opened");
+}
+HeldFile::~HeldFile() {
+    CloseHandle(handle_);
 }
 
 std::vector<std::wstring> DataFiles() {

@@ -49,6 +49,18 @@ void WriteSettings(const SettingValues& changes);
 /// The value of a key as the file has it now; empty when there is none.
 [[nodiscard]] std::wstring StoredSetting(std::wstring_view key);
 
+/// Holds a file open so that nobody can delete it.
+class HeldFile {
+public:
+    explicit HeldFile(const std::filesystem::path& path);
+    ~HeldFile();
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+
+private:
+    void* handle_;
+};
+
 /// An empty folder for the files of one test.
 [[nodiscard]] std::filesystem::path FreshScratchFolder();
 [[nodiscard]] std::filesystem::path ScratchFolder();

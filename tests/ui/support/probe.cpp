@@ -84,6 +84,18 @@ std::vector<ProbeMenuItem> Probe::MenuBar(const Window& window) {
     return ReadItems();
 }
 
+std::vector<ProbeMenuItem> Probe::SystemMenu(const Window& window) {
+    block_->window = reinterpret_cast<std::uint64_t>(window.Handle());
+    Run(ProbeTask::system_menu);
+    return ReadItems();
+}
+
+int Probe::Icons(const Window& window) {
+    block_->window = reinterpret_cast<std::uint64_t>(window.Handle());
+    Run(ProbeTask::icons);
+    return block_->count;
+}
+
 std::vector<ProbeMenuItem> Probe::PopupItems(HMENU menu) {
     block_->menu = reinterpret_cast<std::uint64_t>(menu);
     Run(ProbeTask::menu);

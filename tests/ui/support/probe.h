@@ -24,6 +24,10 @@ public:
 
     /// The items of a window's menu bar with all sub-menus.
     [[nodiscard]] std::vector<ProbeMenuItem> MenuBar(const Window& window);
+    /// The items of a window's system menu.
+    [[nodiscard]] std::vector<ProbeMenuItem> SystemMenu(const Window& window);
+    /// How many icons of its own a window has, large and small.
+    [[nodiscard]] int Icons(const Window& window);
     /// The items of an open popup menu.
     [[nodiscard]] std::vector<ProbeMenuItem> PopupItems(HMENU menu);
     /// Drops files on a window.

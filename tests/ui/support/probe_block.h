@@ -8,8 +8,10 @@
 namespace pixora::ui {
 
 enum class ProbeTask : std::uint32_t {
-    nothing,  ///< shows that the probe is there
-    menu,     ///< lists the items of `menu`, or of the menu bar of `window`, sub-menus included
+    nothing,      ///< shows that the probe is there
+    menu,         ///< lists the items of `menu`, or of the menu bar of `window`, sub-menus included
+    system_menu,  ///< lists the items of the system menu of `window`
+    icons,        ///< counts the icons of `window`, large and small, into `count`
     drop,  ///< drops the files named in `data` (each with a final zero, one more zero at the end) on `window`
     capture,        ///< copies the rectangle x, y, width, height of the client area of `window` into `data`
     tooltips,       ///< lists the texts of all tooltips of the tooltip window `window`
