@@ -10,8 +10,8 @@ namespace pixora {
 using PlotColour = std::uint32_t;
 
 inline constexpr PlotColour kPlotWhite = 0xFFFFFF, kPlotBlack = 0x000000, kPlotGrey = 0x808080,
-                            kPlotLightGrey = 0xF0F0F0, kPlotRed = 0x0000FF, kPlotGreen = 0x00A000,
-                            kPlotBlue = 0xFF0000, kPlotDarkBlue = 0xC80000;
+                            kPlotRed = 0x0000FF, kPlotGreen = 0x00A000, kPlotBlue = 0xFF0000,
+                            kPlotDarkBlue = 0xC80000;
 
 /// A pixel of the plot; (0, 0) is its top-left corner.
 struct PlotPoint {

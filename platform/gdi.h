@@ -39,7 +39,6 @@ using UniquePen = UniqueGdi<HPEN, &DeleteObject>;
 using UniqueBrush = UniqueGdi<HBRUSH, &DeleteObject>;
 using UniqueFont = UniqueGdi<HFONT, &DeleteObject>;
 using UniqueBitmap = UniqueGdi<HBITMAP, &DeleteObject>;
-using UniqueRegion = UniqueGdi<HRGN, &DeleteObject>;
 using UniqueMemoryDc = UniqueGdi<HDC, &DeleteDC>;
 
 /// Selects `object` for one scope. Declare it after that object, so that it is deselected before it is
@@ -64,7 +63,6 @@ public:
     PaintScope(const PaintScope&) = delete;
     PaintScope& operator=(const PaintScope&) = delete;
     [[nodiscard]] HDC Dc() const noexcept { return dc_; }
-    [[nodiscard]] const RECT& Dirty() const noexcept { return paint_.rcPaint; }
 
 private:
     HWND window_;

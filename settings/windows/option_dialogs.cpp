@@ -80,9 +80,7 @@ Handled OptionWindow::OnCommand(const Command& command) {
 }
 
 void OptionWindow::OnTick() {
-    const bool show = !Flags().Hidden(hide_kind_);
-    if (show == std::exchange(shown_, show)) return;
-    ShowWindow(Window(), show ? SW_SHOWNA : SW_HIDE);
+    ShowUnless(Flags().Hidden(hide_kind_));
 }
 
 CViewerOption::CViewerOption(OptionContext context)

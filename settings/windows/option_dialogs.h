@@ -49,7 +49,6 @@ private:
     bool SharedFlags::*open_flag_;
     OptionContext context_;
     OptionButtons buttons_;
-    bool shown_ = true;
 };
 
 /// "Viewer Option": caption style, level cursor, histogram binning, valid bits of 16-bit data.
