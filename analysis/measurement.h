@@ -67,7 +67,8 @@ private:
     bool single_ = false;  // one sample a pixel: the tables were used in turn
 };
 
-/// The slot of the statistics for a channel selector: 0 grey, 1 red, 2 green, 3 blue, 4 all three.
+/// The slot of the statistics for a channel selector: 0 grey, 1 red, 2 green, 3 blue, 4 all three. Of any
+/// other selector it is slot 0.
 [[nodiscard]] std::size_t StatisticsSlot(int channel);
 
 }  // namespace pixora

@@ -8,6 +8,8 @@
 
 namespace pixora {
 
+// The readers look at two or four bytes from `offset` on, all of which `bytes` must hold: nothing is checked.
+
 [[nodiscard]] inline std::uint16_t Little16(std::span<const std::byte> bytes, std::size_t offset) {
     return static_cast<std::uint16_t>(std::to_integer<unsigned>(bytes[offset]) |
                                       std::to_integer<unsigned>(bytes[offset + 1]) << 8);

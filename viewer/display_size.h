@@ -17,7 +17,7 @@ inline constexpr std::wstring_view kFallbackRatio = L"0.500";
 /// The ratio text that a new viewer starts with: `stored`, or the fallback when that is no ratio.
 [[nodiscard]] std::wstring StartRatio(std::wstring_view stored);
 
-/// Size of `image` shown at `ratio`: each side times the ratio, truncated.
+/// Size of `image` shown at `ratio`: each side times the ratio, truncated and at most 2^31 - 1.
 [[nodiscard]] PixelSize DisplayedSize(PixelSize image, double ratio);
 
 /// A ratio text as a percentage without sign: L"0.05" gives L"5", L"1.50" L"150", L"0.123" L"12.3". A text

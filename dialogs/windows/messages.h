@@ -80,13 +80,17 @@ private:
 
 // Each of these disables `owner` until the window is closed.
 
-/// The one way in which errors are shown.
+/// The one way in which errors are shown; an empty line stays empty.
 void ShowErrorBox(HWND owner, const Message& message);
+/// The same for texts.
+/// @param caption_suffix  follows the program's name in the caption.
 void ShowErrorBox(HWND owner, const std::wstring& caption_suffix, const std::wstring& line1,
                   const std::wstring& line2, const std::wstring& line3);
+/// Shows a notice that the user closes by its OK button.
 void ShowInformation(HWND owner, const Message& message);
 /// @return true when the user chose OK.
 [[nodiscard]] bool AskYesCancel(HWND owner, const Message& message);
+/// Shows a notice for kOneshotShown_ms. Returns when it has closed by itself.
 void ShowOneshotMessage(HWND owner, const std::wstring& text);
 /// Tells why a typed display size was refused; shows nothing for an accepted one.
 void ShowRefusal(HWND owner, const DisplaySizeCheck& check);
