@@ -5,7 +5,7 @@
 namespace pixora {
 namespace {
 
-std::wstring ValidBitsNote(const ImageBuffer& image) {
+std::wstring UpperBitsNote(const ImageBuffer& image) {
     if (!image.raw_data) return L"";
     switch (image.valid_bits) {
         case 16:
@@ -26,7 +26,7 @@ std::wstring ViewTitle(std::wstring_view view, const ImageBuffer& image, std::ws
     std::wstring title(view);
     if (image.slot >= kMaxImages) return title;
     const std::wstring& name = caption_style == L"FULL" ? image.source_path : image.file_name;
-    title += L" - " + name + ValidBitsNote(image);
+    title += L" - " + name + UpperBitsNote(image);
     return title + L" [" + FormatWhole(image.slot + 1) + L"]";
 }
 
