@@ -25,10 +25,6 @@ std::wstring FolderOf(const std::wstring& path) {
     return path.substr(0, path.rfind(L'\\') + 1);
 }
 
-bool HasValidBits(ImageFileKind kind) {
-    return kind == ImageFileKind::tiff_little || kind == ImageFileKind::tiff_big;
-}
-
 }  // namespace
 
 std::wstring ImageInfoTitle(std::optional<int> slot) {
@@ -37,7 +33,7 @@ std::wstring ImageInfoTitle(std::optional<int> slot) {
 }
 
 std::wstring ValidBitNote(const ImageBuffer& image) {
-    if (!HasValidBits(image.file_kind) || image.bits_per_sample != 16) return L"";
+    if (!IsTiff(image) || image.bits_per_sample != 16) return L"";
     return L" (Upper " + FormatWhole(image.valid_bits) + L" bits Valid)";
 }
 

@@ -55,6 +55,11 @@ struct ImageBuffer {
     std::array<std::uint64_t, 8> state_64{};  ///< kept with the record, zero after an import
 };
 
+/// The source file is a TIFF of either byte order.
+[[nodiscard]] inline bool IsTiff(const ImageBuffer& image) {
+    return image.file_kind == ImageFileKind::tiff_little || image.file_kind == ImageFileKind::tiff_big;
+}
+
 /// The bit depth that measurements of the image work with: the valid bits of a 16-bit source, else the bits
 /// per sample.
 [[nodiscard]] std::uint32_t EffectiveBits(const ImageBuffer& image);

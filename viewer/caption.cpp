@@ -9,10 +9,6 @@ namespace {
 
 constexpr int kNameWidth = 50;
 
-bool IsTiff(const ImageBuffer& image) {
-    return image.file_kind == ImageFileKind::tiff_little || image.file_kind == ImageFileKind::tiff_big;
-}
-
 std::wstring BitsNote(const ImageBuffer& image) {
     if (!IsTiff(image)) return L"";
     const std::wstring stored = FormatWhole(image.bits_per_sample) + L"bit)";

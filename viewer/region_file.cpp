@@ -14,10 +14,6 @@ namespace {
 constexpr int kShownName = 38;
 constexpr wchar_t kSeparator = L'\\';
 
-bool IsTiff(const ImageBuffer& image) {
-    return image.file_kind == ImageFileKind::tiff_little || image.file_kind == ImageFileKind::tiff_big;
-}
-
 // A name that only begins with a point keeps it.
 std::wstring WithoutExtension(const std::wstring& name) {
     const std::size_t point = name.rfind(L'.');
