@@ -70,34 +70,6 @@ int KernelHandlesOf(const Process& process) {
     return found;
 }
 
-double OwnProcessorSeconds() {
-    FILETIME created{}, ended{}, kernel{}, user{};
-    GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
-    const auto whole = [](const FILETIME& time) {
-        return static_cast<double>(std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
-    };
-    return (whole(kernel) + whole(user)) * 1e-7;
-}
-
-/// What the system takes of a core only to deliver the ticks of that many windows, which do nothing then.
-double PercentOfEmptyTicks(int count) {
-    constexpr double kMeasuredSeconds = 20;
-    std::vector<HWND> windows;
-    for (int i = 0; i < count; ++i) {
-        windows.push_back(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 20, 20, nullptr,
-                                          nullptr, nullptr, nullptr));
-        SetTimer(windows.back(), 1, 100, nullptr);
-        Sleep(11);  // as windows of the program, they tick at different moments
-    }
-    const double wall = Seconds(), processor = OwnProcessorSeconds();
-    MSG message{};
-    while (Seconds() - wall < kMeasuredSeconds && GetMessageW(&message, nullptr, 0, 0) > 0)
-        DispatchMessageW(&message);
-    const double percent = 100 * (OwnProcessorSeconds() - processor) / (Seconds() - wall);
-    for (HWND window : windows) DestroyWindow(window);
-    return percent;
-}
-
 void Close(Program& program, const Window& viewer) {
     viewer.Post(WM_CLOSE);
     WaitFor("the viewer to close", [&] { return !viewer.Exists(); });
@@ -176,7 +148,6 @@ TEST_CASE("idle viewers") {
     }
     measure("eight viewers with all five views each");
     program.Exit();
-    std::printf("%-48s %.2f %% of one core\n", "49 windows whose ticks do nothing", PercentOfEmptyTicks(49));
 }
 
 TEST_CASE("five hundred images") {

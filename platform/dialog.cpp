@@ -19,6 +19,38 @@ std::vector<Dialog*>& RunningModals() {
     return running;
 }
 
+/// The windows that tick, in the order in which they started. One user-interface thread uses it.
+struct Ticking {
+    std::vector<HWND> windows;  ///< one that has ended leaves an empty place until nothing runs over them
+    int runs = 0;               ///< more than one when a box that a tick opened lets the next ones in
+};
+
+Ticking& TickingWindows() {
+    static Ticking ticking;
+    return ticking;
+}
+
+/// One timer of the system serves all windows: a window's own costs the system more than what the window does
+/// at an idle tick. Each gets its timer message all the same; one that starts meanwhile gets the next.
+void CALLBACK TickAll(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    Ticking& ticking = TickingWindows();
+    ++ticking.runs;
+    const std::size_t count = ticking.windows.size();
+    for (std::size_t i = 0; i < count; ++i)
+        if (const HWND window = ticking.windows[i]) SendMessageW(window, WM_TIMER, kTickTimer, 0);
+    if (--ticking.runs == 0) std::erase(ticking.windows, nullptr);
+}
+
+void StartTicks(HWND window) {
+    static UINT_PTR timer = 0;
+    if (timer == 0) timer = SetTimer(nullptr, 0, kTickMs, &TickAll);
+    TickingWindows().windows.push_back(window);
+}
+
+void EndTicks(HWND window) {
+    std::ranges::replace(TickingWindows().windows, window, nullptr);
+}
+
 HWND RootOf(HWND window) {
     return window ? GetAncestor(window, GA_ROOT) : nullptr;
 }
@@ -98,6 +130,7 @@ Dialog::ModalScope::ModalScope(HWND owner) noexcept : dialog_(FromWindow(RootOf(
 
 Dialog::~Dialog() {
     if (!window_) return;
+    EndTicks(window_);
     // The derived part of the object is gone already; no message may reach it any more.
     SetWindowLongPtrW(window_, DWLP_USER, 0);
     DestroyWindow(window_);
@@ -185,7 +218,7 @@ void Dialog::Serve(MSG& message) {
 }
 
 void Dialog::StartTicking() {
-    SetTimer(window_, kTickTimer, kTickMs, nullptr);
+    StartTicks(window_);
 }
 
 void Dialog::ShowUnless(bool hidden) {
@@ -301,6 +334,7 @@ INT_PTR Dialog::DispatchOther(UINT message, WPARAM w, LPARAM l) {
 }
 
 void Dialog::Released() {
+    EndTicks(window_);
     SetWindowLongPtrW(window_, DWLP_USER, 0);
     window_ = nullptr;
     OnGone();

@@ -104,7 +104,8 @@ protected:
 
     /// Hides a modal dialog, enables its owner and lets RunModal() return.
     void EndModal(int result);
-    /// Starts the 100 ms timer 1 that drives OnTick().
+    /// Starts the ticks: WM_TIMER of timer 1 every 100 ms, which drives OnTick(). The first comes at any time
+    /// within that.
     void StartTicking();
     /// Hides the window, or shows it again without activating it, when that differs from what was asked last.
     /// A window counts as shown until it is asked for the first time.
