@@ -6,19 +6,12 @@
 #include "settings/stored_keys.h"
 
 namespace pixora {
-namespace {
-
-/// A settings file that is damaged may give all of its text.
-bool IsFolder(std::wstring_view text) {
-    return !text.empty() && text.find(L'\n') == std::wstring_view::npos;
-}
-
-}  // namespace
 
 std::wstring CsvStartFolder(const std::filesystem::path& settings_path, const Settings& settings) {
     std::wstring stored;
-    const bool found = GetSettingValue(settings_path, kPathCsv.key, stored);
-    return found && IsFolder(stored) ? stored : settings.PATH_CSV;
+    if (!GetSettingValue(settings_path, kPathCsv.key, stored)) stored.clear();
+    const std::wstring folder = UsableFolder(stored);
+    return folder.empty() ? UsableFolder(settings.PATH_CSV) : folder;
 }
 
 bool SaveCsv(const std::filesystem::path& chosen, std::string_view bytes,

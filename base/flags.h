@@ -26,7 +26,7 @@
 //                       MOVE, by the viewer's quit menu and by the end of that view or of the dialog; read by
 //                       the viewer, which opens the dialog, by the dialog, which closes without it, by clicks
 //                       and by the statistics view
-//   coordinates_open    set and cleared by the coordinates dialog; read by the viewer before it opens one
+//   coordinates_open    set and cleared by the coordinates dialog; the viewer looks at its dialog
 //   clicked             set by a left click in the image; read and cleared by the viewer's tick
 //   view_open           one for each view: set and cleared by the view, and set by the viewer as it opens
 //                       one; read by the viewer's menu, its measuring and its clicks

@@ -75,6 +75,10 @@ bool StoreTypedDisplaySize(const fs::path& path, Settings& settings, std::wstrin
     return PutSettingValue(path, kImgSize.key, ratio_text);
 }
 
+std::wstring UsableFolder(std::wstring_view stored) {
+    return stored.find(L'\n') == std::wstring_view::npos ? std::wstring(stored) : std::wstring();
+}
+
 bool StoreOpenFolder(const fs::path& path, Settings& settings, std::wstring_view folder) {
     return StoreFolder(path, settings, kPathOpen, folder);
 }

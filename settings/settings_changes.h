@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 #include "settings/settings.h"
@@ -43,6 +44,9 @@ bool StoreListedDisplaySize(const std::filesystem::path& path, Settings& setting
 /// Stores a typed ratio: in the record, and in its own line of the file.
 bool StoreTypedDisplaySize(const std::filesystem::path& path, Settings& settings,
                            std::wstring_view ratio_text);
+/// A stored folder as a file dialog can start in it: `stored`, or nothing when that has several lines,
+/// because of a damaged settings file the whole text may have been read.
+[[nodiscard]] std::wstring UsableFolder(std::wstring_view stored);
 /// Stores where the next open dialog starts. An empty folder is not stored, nor by the two below.
 bool StoreOpenFolder(const std::filesystem::path& path, Settings& settings, std::wstring_view folder);
 /// Stores where the next dialog for saving a region starts.

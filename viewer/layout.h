@@ -20,7 +20,7 @@ inline constexpr std::int32_t kLargestCanvasSide = 32767;
                                     PixelPoint anchor);
 
 /// Where a menu opens that the keyboard asks for: at the cursor, or, when that is not over the client area,
-/// in its middle. All in screen coordinates.
+/// in its middle, which an empty client area has too. All in screen coordinates.
 [[nodiscard]] PixelPoint KeyboardMenuPoint(PixelPoint cursor, const PixelRect& client);
 
 /// Decides tick by tick when a viewer's window shows. It is created hidden, shows at its second tick and

@@ -6,6 +6,7 @@
 #include "base/file.h"
 #include "base/number_text.h"
 #include "dialogs/text_width.h"
+#include "settings/settings_changes.h"
 
 namespace pixora {
 namespace {
@@ -42,7 +43,7 @@ std::wstring RegionFileExtension(const ImageBuffer& image) {
 }
 
 std::wstring ProposedRegionPath(const ImageBuffer& image, const Region& region, std::wstring_view folder) {
-    std::wstring path(folder);
+    std::wstring path = UsableFolder(folder);
     if (!path.empty() && !path.ends_with(kSeparator)) path += kSeparator;
     return path + RegionFileName(image, region);
 }

@@ -20,7 +20,8 @@ namespace pixora {
 /// The extension of that name, without its point.
 [[nodiscard]] std::wstring RegionFileExtension(const ImageBuffer& image);
 /// That name in the folder where the dialog starts.
-/// @param folder  with or without a separator at its end; empty when it is not known.
+/// @param folder  as it is stored, with or without a separator at its end; one that is not usable counts as
+///                none.
 [[nodiscard]] std::wstring ProposedRegionPath(const ImageBuffer& image, const Region& region,
                                               std::wstring_view folder);
 /// The kinds of file that the dialog offers.

@@ -47,6 +47,8 @@ TEST_CASE("an export starts in the folder of the record when the settings file h
     // Without its last line a file gives its whole text.
     CHECK(CsvStartFolder(folder.Write("c.ini", "IMG_SIZE=1\r\nCAP_STYLE=FULL\r\n"), settings) ==
           L"D:\\memory\\");
+    settings.PATH_CSV = L"IMG_SIZE=1\nCAP_STYLE=FULL\n";  // the record was read from it too
+    CHECK(CsvStartFolder(folder / "c.ini", settings) == L"");
 }
 
 TEST_CASE("a saved export is remembered in the record and in the settings file") {

@@ -203,6 +203,13 @@ TEST_CASE("single values are stored in the record and in their own lines") {
     CHECK(ValueOf(path, L"CAP_STYLE=") == L"SIMPLE");
 }
 
+TEST_CASE("a text of several lines is no folder to start in") {
+    CHECK(UsableFolder(L"D:\\pics\\") == L"D:\\pics\\");
+    CHECK(UsableFolder(L"") == L"");
+    CHECK(UsableFolder(L"IMG_SIZE=1\nCAP_STYLE=FULL\n") == L"");
+    CHECK(UsableFolder(L"D:\\pics\\\n") == L"");
+}
+
 TEST_CASE("folders are stored in the record and in their own lines, an empty one nowhere") {
     const ScratchFolder folder;
     const fs::path path = folder / "Pixora.ini";

@@ -71,3 +71,24 @@ TEST_CASE("a name wider than 50 is shortened in the caption") {
     CHECK(Caption(image) ==
           L"[3 ]  (50%) File Name : 01234.....01234567890123456789012345678901234567890  (8bit)");
 }
+
+TEST_CASE("a path wider than 50 is shortened in the caption, like a name") {
+    ImageBuffer image = Tiff(8, false, 8);
+    image.source_path = L"C:\\pictures\\of\\the\\year\\2026\\holiday\\sample_01.tif";
+    REQUIRE(image.source_path.size() == 50);
+    CHECK(ViewerCaption(image, L"FULL", L"1.00") ==
+          L"[3 ]  (100%) File Name : C:\\pictures\\of\\the\\year\\2026\\holiday\\sample_01.tif  (8bit)");
+    image.source_path = L"C:\\pictures\\of\\the\\year\\2026\\holidays\\sample_01.tif";
+    CHECK(ViewerCaption(image, L"FULL", L"1.00") ==
+          L"[3 ]  (100%) File Name : C:\\pi.....s\\of\\the\\year\\2026\\holidays\\sample_01.tif  (8bit)");
+}
+
+TEST_CASE("a full-width character takes two of the 50 in the caption") {
+    ImageBuffer image = Tiff(8, false, 8);
+    image.file_name = std::wstring(25, L'\u3042');
+    CHECK(Caption(image) == L"[3 ]  (50%) File Name : " + std::wstring(25, L'\u3042') + L"  (8bit)");
+    image.file_name = std::wstring(26, L'\u3042');
+    // Five characters and five dots are 15 wide; eighteen characters first exceed the 35 that are left.
+    CHECK(Caption(image) == L"[3 ]  (50%) File Name : " + std::wstring(5, L'\u3042') + L"....." +
+                                std::wstring(18, L'\u3042') + L"  (8bit)");
+}

@@ -34,6 +34,7 @@ TEST_CASE("a menu that the keyboard asks for opens at the cursor or in the middl
     CHECK(KeyboardMenuPoint({299, 150}, kClient) == PixelPoint{299, 150});
     for (const PixelPoint outside : {PixelPoint{99, 60}, {300, 60}, {150, 49}, {150, 151}})
         CHECK(KeyboardMenuPoint(outside, kClient) == PixelPoint{200, 100});
+    CHECK(KeyboardMenuPoint({99, 60}, {100, 50, 100, 51}) == PixelPoint{100, 50});  // nothing shows
 }
 
 TEST_CASE("a viewer shows at its second tick") {

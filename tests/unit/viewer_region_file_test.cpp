@@ -109,9 +109,15 @@ TEST_CASE("the proposed name stands in the folder where regions were saved last"
     CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"C:\\pics\\") == L"C:\\pics\\a_1.2_3.4.tif");
     CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"C:\\pics") == L"C:\\pics\\a_1.2_3.4.tif");
     CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"") == L"a_1.2_3.4.tif");
+    CHECK(ProposedRegionPath(image, {1, 2, 3, 4}, L"IMG_SIZE=1\nCAP_STYLE=FULL\n") == L"a_1.2_3.4.tif");
     CHECK(RegionFileExtension(image) == L"tif");
     image.file_kind = ImageFileKind::bmp;
     CHECK(RegionFileExtension(image) == L"bmp");
+}
+
+TEST_CASE("a region is saved as any file, as a BMP or as a TIFF") {
+    CHECK(kRegionFilter ==
+          L"All Files(*.*)|*.*|BMP Files(*.bmp)|*.bmp|TIFF Files(*.tif;*.tiff)|*.tif;*.tiff||");
 }
 
 TEST_CASE("the folder of a saved region ends with its backslash") {

@@ -143,7 +143,7 @@ std::optional<LRESULT> CDisplay::OnMessage(UINT message, WPARAM w, LPARAM l) {
 std::optional<LRESULT> CDisplay::OnMouse(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:  // the second one of two fast clicks
+        case WM_LBUTTONDBLCLK:  // the second one of two fast clicks, here and below
             OnLeftButton();
             return 0;
         case WM_RBUTTONDOWN:
@@ -154,6 +154,7 @@ std::optional<LRESULT> CDisplay::OnMouse(UINT message, WPARAM w, LPARAM l) {
             OnWheel(w, l);
             return std::nullopt;
         case WM_MBUTTONDOWN:
+        case WM_MBUTTONDBLCLK:
             BeginDrag(MousePoint(l));
             return 0;
         case WM_MOUSEMOVE:

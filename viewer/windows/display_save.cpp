@@ -14,7 +14,7 @@ void CDisplay::SaveRegionImage() {
     request.owner = Window();
     request.filter = kRegionFilter;
     request.initial_name = ProposedRegionPath(state_->image, region, context_.settings->PATH_SAVE);
-    request.initial_folder = context_.settings->PATH_SAVE;
+    request.initial_folder = UsableFolder(context_.settings->PATH_SAVE);
     request.default_extension = RegionFileExtension(state_->image);
     const std::optional<std::filesystem::path> chosen = AskForFileToSave(request);
     if (!chosen) return;

@@ -41,9 +41,11 @@ POINT CDisplay::MenuPoint(LPARAM position) const {
 
 bool CDisplay::ShowContextMenu(LPARAM position) {
     const POINT point = MenuPoint(position);
-    if (!Contains(ClientOnScreen(), FromWin(point))) return false;  // the caption has a menu of its own
+    const bool by_keyboard = position == -1;
+    // The caption and a minimised window have a menu of their own.
+    if (by_keyboard ? IsIconic(Window()) != 0 : !Contains(ClientOnScreen(), FromWin(point))) return false;
     if (InModal()) return true;
-    if (position != -1 && !right_press_.EndsAsClick()) return true;
+    if (!by_keyboard && !right_press_.EndsAsClick()) return true;
     if (PickMarkInstead()) return true;
     menu_point_ = point;
     const UniqueMenu menu = LoadMenuResource(IDR_DISPLAY_MENU);
