@@ -40,6 +40,7 @@ struct Bench {
     void Warned(const std::wstring& entry) const {
         const Window box = program.Running().WaitForPlainBox(L"Invalid value in \"" + entry + L"\"");
         CHECK(box.Text() == L"Error");
+        CHECK(HasIcon(box));
         PressOk(box);
     }
     /// What the viewer shows of a region whose far edges are these on the canvas.

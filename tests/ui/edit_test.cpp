@@ -81,6 +81,17 @@ struct Bench {
         const POINT point = viewer.ClientPoint(x, y);
         PointAt(point);
         Press(Button::right);
+        ChooseWhileHeld(point, item);
+    }
+    /// The same for the second of two fast presses. The button itself goes down beside the viewer.
+    void ChooseAfterSecondPress(std::wstring_view item) {
+        const POINT point = statistics.ClientPoint(5, 5);
+        PointAt(point);
+        Press(Button::right);
+        viewer.Post(WM_RBUTTONDBLCLK, MK_RBUTTON, MAKELPARAM(5, 5));
+        ChooseWhileHeld(point, item);
+    }
+    void ChooseWhileHeld(POINT point, std::wstring_view item) {
         OpenMenu menu(program.Running(), program.Inside());
         const RECT popup = menu.Popup().Frame();
         CHECK(popup.left == point.x + 15);
@@ -122,6 +133,13 @@ TEST_CASE("clicks move the profile lines; Ctrl keeps the row, Shift the column, 
         WaitForText(columns, kProfileLine, std::to_wstring(column));
     };
     wait(74, 99);
+    // The cursor counts, wherever it was when the message was sent; the second of two fast clicks is a click.
+    PointAt(viewer.ClientPoint(30, 39));
+    viewer.Post(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    wait(40, 30);
+    PointAt(viewer.ClientPoint(110, 24));
+    viewer.Post(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(5, 5));
+    wait(25, 110);
     ClickImage(viewer, 10, 9);
     wait(10, 10);
     ClickHolding(VK_CONTROL, viewer.ClientPoint(50, 60), [&] { wait(10, 50); });
@@ -142,6 +160,13 @@ TEST_CASE("clicks move the profile lines; Ctrl keeps the row, Shift the column, 
 
 TEST_CASE("a short right press while the region is edited picks a corner and opens no menu") {
     Bench bench;
+    // The coordinates mode alone picks none, and only a long press ends it.
+    const Window coordinates = OpenCoordinates(bench.program, bench.statistics);
+    OpenContextMenu(bench.program, bench.viewer, 30, 100).Dismiss();
+    CHECK(coordinates.Exists());
+    bench.ChooseFromQuitMenu(80, 20, L"Exit Region Change ");
+    WaitFor("the coordinates dialog to close", [&] { return !coordinates.Exists(); });
+    WaitForText(bench.statistics, kStatCoordinates, L"H-V ON");
     PressButton(bench.statistics, kStatCorner, L"CORNER");
     bench.Pick(180, 130, {0, 0, 199, 149}, Mark::bottom_right);
     bench.Settle(60, 60);
@@ -213,6 +238,9 @@ TEST_CASE("move clicks move the region, and undo and exit wait behind a long rig
     WaitFor("the coordinates dialog to close", [&] { return !coordinates.Exists(); });
     WaitForText(bench.statistics, kStatCoordinates, L"H-V ON");
     WaitToSee(bench.program, bench.viewer, WithRegion(bench.picture, {0, 31, 39, 60}));
+    coordinates = OpenCoordinates(bench.program, bench.statistics);
+    bench.ChooseAfterSecondPress(L"Exit Region Change ");
+    WaitFor("the coordinates dialog to close again", [&] { return !coordinates.Exists(); });
     ClickImage(bench.viewer, 120, 100);
     bench.Settle(150, 140);
     WaitToSee(bench.program, bench.viewer, WithRegion(bench.picture, {0, 31, 39, 60}));

@@ -88,5 +88,16 @@ TEST_CASE("with everything open and nothing to do, nothing is painted, read or a
     ClickImage(bench.viewer, 60, 45);
     WaitFor("the canvas to be painted",
             [&] { return bench.program.Inside().Watched(bench.silent.front()).paints > 0; });
+
+    // A menu that closes has everything shown anew.
+    OpenMenu menu = OpenContextMenu(bench.program, bench.viewer);
+    WaitFor("the program to settle under the menu", [&] {
+        bench.Watch();
+        return bench.PaintsWithin(kTicksToSettle) == 0;
+    });
+    bench.Watch();
+    menu.Dismiss();
+    WaitFor("the canvas to be painted again",
+            [&] { return bench.program.Inside().Watched(bench.silent.front()).paints > 0; });
     bench.program.Exit();
 }

@@ -184,6 +184,7 @@ TEST_CASE("the user is proposed a name, sees a notice and finds the folder again
     OpenMenu off = OpenContextMenu(program, viewer);
     CHECK(off.Greyed(L"Save Region Image"));
     off.Dismiss();
+    (void)viewer.Send(WM_COMMAND, kViewSaveRegion);  // would not come back from a dialog
     viewer.Post(WM_CLOSE);
     WaitFor("the viewer to close", [&] { return !viewer.Exists(); });
     const Window shown = OpenWithRegion(program, Sample(L"tiff16-mono-upper12.tif"), 98, 60);

@@ -16,7 +16,7 @@ using namespace pixora::ui;
 
 namespace {
 
-constexpr int k10 = 32782, k200 = 32793, k1000 = 32796;
+constexpr int k5 = 32806, k10 = 32782, k200 = 32793, k1000 = 32796;
 
 std::filesystem::path ChartFile(int width, int height) {
     return ScratchFile(L"chart.bmp", BmpBytes(Chart(width, height), 24));
@@ -27,6 +27,22 @@ void WaitForClient(const Window& viewer, LONG width, LONG height) {
         const RECT client = viewer.Client();
         return client.right - client.left == width && client.bottom - client.top == height;
     });
+}
+
+HWND CaptureOf(const Window& window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window.Handle(), nullptr), &info);
+    return info.hwndCapture;
+}
+
+/// Waits for the box about a copy that another program holds, and presses its OK.
+void WaitForFailure(const Program& program, const std::filesystem::path& copy) {
+    const Window box =
+        program.Running().WaitForPlainBox(L"Failed to delete file: " + copy.wstring() + L" (Error code: 32)");
+    CHECK(box.Text().empty());
+    CHECK_FALSE(HasIcon(box));
+    PressOk(box);
 }
 
 void Minimise(const Window& window, bool minimised) {
@@ -83,6 +99,15 @@ TEST_CASE("the keyboard opens the context menu in the middle of a viewer that th
     CHECK(popup.left == middle.x);
     CHECK(popup.top == middle.y);
     menu.Dismiss();
+    const Window nothing = program.Open(ChartFile(19, 30), 2);
+    nothing.Command(k5);
+    WaitForClient(nothing, 0, 1);
+    const POINT corner = nothing.ClientPoint(0, 0);
+    nothing.Post(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(nothing.Handle()), -1);
+    OpenMenu at_corner(program.Running(), program.Inside());
+    CHECK(at_corner.Popup().Frame().left == corner.x);
+    CHECK(at_corner.Popup().Frame().top == corner.y);
+    at_corner.Dismiss();
     program.Exit();
 }
 
@@ -102,13 +127,24 @@ TEST_CASE("the middle button drags the window by its image, until it is released
     WaitFor("the window to follow the mouse", [&] { return moved_by(60, 35); });
     PointAt({grip.x + 20, grip.y + 90});
     WaitFor("the window to follow the mouse further", [&] { return moved_by(20, 90); });
+    // A move without the button tells that it was released where nobody could see it.
+    viewer.Post(WM_MOUSEMOVE);
+    WaitFor("the end of the drag", [&] { return CaptureOf(viewer) == nullptr; });
+    const POINT again{grip.x + 70, grip.y + 120};
+    PointAt(again);
+    CHECK(moved_by(20, 90));
+    const POINT corner = viewer.ClientPoint(0, 0);
+    viewer.Post(WM_MBUTTONDBLCLK, MK_MBUTTON, MAKELPARAM(again.x - corner.x, again.y - corner.y));
+    WaitFor("the drag by a second press", [&] { return CaptureOf(viewer) == viewer.Handle(); });
+    PointAt({again.x + 10, again.y + 5});
+    WaitFor("the window to follow the mouse again", [&] { return moved_by(30, 95); });
     Release(Button::middle);
     // The wheel comes after the way to it, and keeps the point under the mouse: the window's own corner.
     PointAt(viewer.ClientPoint(0, 0));
     TurnWheel(viewer.ClientPoint(0, 0), 120);
     WaitFor("the step of the wheel", [&] { return viewer.Text().find(L"(120%)") != std::wstring::npos; });
-    CHECK(viewer.Frame().left == start.left + 20);
-    CHECK(viewer.Frame().top == start.top + 90);
+    CHECK(viewer.Frame().left == start.left + 30);
+    CHECK(viewer.Frame().top == start.top + 95);
     program.Exit();
 }
 
@@ -119,14 +155,18 @@ TEST_CASE("a copy that cannot be deleted is reported, the others are deleted and
     {
         const HeldFile held(copy);
         ClickCloseButton(viewer);
-        const Window box = program.Running().WaitForPlainBox(L"Failed to delete file: " + copy.wstring() +
-                                                             L" (Error code: 32)");
-        CHECK(viewer.Exists());
-        PressOk(box);
+        WaitForFailure(program, copy);
         WaitFor("the end of the viewer", [&] { return !viewer.Exists(); });
         CHECK(TemporaryCopies() == std::vector<std::wstring>{L"import_img_00.bmp"});
         program.WaitForTitle(L"Pixora");
-        CHECK(program.Open(Sample(L"bmp24-grey.bmp"), 2).Exists());  // the first place is still taken
+        const Window second = program.Open(Sample(L"tiff16-mono.tif"), 2);  // the first place is still taken
+        const std::filesystem::path shown = DataFolder() / L"import_img_01.bmp",
+                                    data = DataFolder() / L"import_img_01.bin";
+        const HeldFile held_shown(shown), held_data(data);
+        ClickCloseButton(second);
+        WaitForFailure(program, shown);
+        WaitForFailure(program, data);
+        WaitFor("the end of the second viewer", [&] { return !second.Exists(); });
     }
     program.Exit();
 }

@@ -39,6 +39,14 @@ ErrorTexts DismissErrorBox(Program& program) {
     return texts;
 }
 
+bool HasIcon(const Window& box) {
+    for (const Window& control : box.Controls())
+        if (control.Class() == L"Static" && (control.Style() & SS_TYPEMASK) == SS_ICON &&
+            control.Send(STM_GETICON) != 0)
+            return true;
+    return false;
+}
+
 Window WaitForRangeBox(const Program& program) {
     return program.Running().WaitForWindow(
         "a range box", [](const Window& window) { return window.FindItem(kRangeTop).has_value(); });

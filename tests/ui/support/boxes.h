@@ -24,6 +24,9 @@ void CheckCentred(const Window& box);
 /// Waits for an error box, checks its place and its symbol, presses OK and returns what it said.
 [[nodiscard]] ErrorTexts DismissErrorBox(Program& program);
 
+/// Whether one of the system's own boxes shows an icon.
+[[nodiscard]] bool HasIcon(const Window& box);
+
 /// The box about a number out of its range, read like an error box: its lines from top to bottom.
 [[nodiscard]] Window WaitForRangeBox(const Program& program);
 [[nodiscard]] ErrorTexts ReadRangeBox(const Window& box);
