@@ -163,6 +163,18 @@ TEST_CASE("a fit larger than the menu can show is held at 10000 percent") {
     CHECK(state.ratio_text == L"96.000");
 }
 
+TEST_CASE("a fit is held at 10000 percent from the next whole percent on") {
+    ViewerState state = State(20, 10, L"1.00");
+    CHECK(FitToMonitor(state, {{2000, 1000}, 23}));
+    CHECK(state.ratio_text == L"100.000");
+    state = State(200, 100, L"1.00");
+    CHECK(FitToMonitor(state, {{20001, 10001}, 23}));  // 10000.5
+    CHECK(state.ratio_text == L"100.005");
+    state = State(100, 100, L"1.00");
+    CHECK(FitToMonitor(state, {{10001, 10001}, 23}));
+    CHECK(state.ratio_text == L"100.00");
+}
+
 TEST_CASE("a fit moves the window itself and leaves no anchor for the layout") {
     ViewerState state = State(400, 300, L"1.00");
     state.anchor = {17, 18};
