@@ -207,6 +207,15 @@ TEST_CASE("a size beyond the limit is refused and nothing changes") {
     CHECK(EqualRect(&before, &after));
     viewer.Command(k50);
     WaitForSize(viewer, {1100, 5}, L"50%");
+    // The wheel's next step would be beyond the limit as well.
+    WriteSettings({{L"IMG_SIZE", L"9.80"}});
+    viewer.Command(kDefined);
+    WaitForSize(viewer, {21569, 98}, L"980%");
+    const POINT point = viewer.ClientPoint(50, 50);
+    MoveMouse(point);
+    TurnWheel(point, 120);
+    CHECK(DismissErrorBox(program).line1 == L"A \"1000%\" zoom is too large to display.");
+    CHECK(ClientExtent(viewer) == Extent{21569, 98});
     program.Exit();
 }
 
@@ -257,6 +266,11 @@ TEST_CASE("an image is fitted to the monitor with its frame outside") {
     WaitForSize(viewer, {1920, 480}, L"480%");
     CHECK(viewer.Frame().left == -8);
     CHECK(viewer.Frame().top == (1080 - 480) / 2);
+    const Window high = program.Open(ChartFile(100, 400), 2);
+    high.Command(kFit);
+    WaitForSize(high, {270, 1080}, L"270%");
+    CHECK(high.Frame().left == (1920 - 270) / 2);
+    CHECK(high.Frame().top == -8 - GetSystemMetrics(SM_CYCAPTION));
     program.Exit();
 }
 
