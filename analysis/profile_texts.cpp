@@ -25,6 +25,10 @@ ProfileLabels LabelsOf(const ProfileScope& scope, int positions, std::uint32_t b
     return labels;
 }
 
+std::wstring LineText(std::uint16_t line) {
+    return FormatWhole(line);
+}
+
 std::wstring_view LineCursorCaption(bool shown) {
     return shown ? L"CURSOR OFF" : L"CURSOR ON";
 }

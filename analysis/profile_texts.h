@@ -28,6 +28,9 @@ struct ProfileLabels {
 ///                   name the region's edges as the coordinates dialog does.
 [[nodiscard]] ProfileLabels LabelsOf(const ProfileScope& scope, int positions, std::uint32_t bits);
 
+/// What the box of the line number shows.
+[[nodiscard]] std::wstring LineText(std::uint16_t line);
+
 /// The caption of the button that shows and hides the line cursor: what its next press does.
 [[nodiscard]] std::wstring_view LineCursorCaption(bool shown);
 

@@ -109,10 +109,10 @@ void CHistogram::PlaceLabels() const {
     for (std::size_t i = 0; i < kLevelLabels.size(); ++i) {
         const RECT label = ClientRectangleOf(Item(kLevelLabels[i]));
         const int left = QuarterLabelLeft(scale, static_cast<int>(i) + 1, SizeOf(label).cx);
-        PlaceLabel(kLevelLabels[i], plot.left + left, label.top);
+        MoveWindowTo(Item(kLevelLabels[i]), {plot.left + left, label.top});
     }
     const RECT top = ClientRectangleOf(Item(IDC_HIST_FULL_SCALE));
-    PlaceLabel(IDC_HIST_FULL_SCALE, top.left, plot.top + FullScaleLabelTop(SizeOf(top).cy));
+    MoveWindowTo(Item(IDC_HIST_FULL_SCALE), {top.left, plot.top + FullScaleLabelTop(SizeOf(top).cy)});
 }
 
 void CHistogram::Changed() {

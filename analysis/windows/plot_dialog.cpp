@@ -47,10 +47,6 @@ void PlotDialog::FollowLevel() {
     SetText(parts_.level, level_.Text());
 }
 
-void PlotDialog::PlaceLabel(int control, int left, int top) const {
-    SetWindowPos(Item(control), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void PlotDialog::ShowLevelCursor() {
     SetText(parts_.level_on, std::wstring(level_.ButtonCaption()));
     EnableWindow(Item(parts_.level), level_.Shown());

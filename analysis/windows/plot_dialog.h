@@ -56,7 +56,6 @@ protected:
     void FollowTitle();
     void FollowChannel();
     void FollowLevel();
-    void PlaceLabel(int control, int left, int top) const;
 
     void ApplyLevel();
     /// Shows the box that refuses an entry. The entry's box must hold the last good text again by then, so

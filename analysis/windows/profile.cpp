@@ -5,7 +5,6 @@
 
 #include "analysis/csv.h"
 #include "analysis/windows/csv_export.h"
-#include "base/number_text.h"
 #include "image/image_buffer.h"
 #include "platform/screen.h"
 #include "resources/resource.h"
@@ -109,7 +108,7 @@ void CProfileDlg::FollowLine() {
 
 void CProfileDlg::ShowLine() {
     line_ = Line();
-    SetText(IDC_PROFILE_LINE, FormatWhole(*line_));
+    SetText(IDC_PROFILE_LINE, LineText(*line_));
 }
 
 CProfileDlg::Drawn CProfileDlg::CurrentlyDrawn() const {
@@ -136,7 +135,7 @@ void CProfileDlg::PlaceLevelLabels() const {
     for (std::size_t i = 0; i < kLevelLabels.size(); ++i) {
         const RECT place = ClientRectangleOf(Item(kLevelLabels[i]));
         const int top = PlotFrame().Place().top + LabelTop(scale, levels[i], SizeOf(place).cy);
-        PlaceLabel(kLevelLabels[i], place.left, top);
+        MoveWindowTo(Item(kLevelLabels[i]), {place.left, top});
     }
 }
 

@@ -74,6 +74,11 @@ TEST_CASE("the button of the line cursor says what its next press does") {
     CHECK(LineCursorCaption(false) == L"CURSOR ON");
 }
 
+TEST_CASE("the line number is written without separators") {
+    CHECK(LineText(0) == L"0");
+    CHECK(LineText(65535) == L"65535");
+}
+
 TEST_CASE("the samples follow the viewer") {
     HeldProfile held;
     LineProfile line{.first = 0, .count = 1, .values = {{{5}, {}, {}}}};

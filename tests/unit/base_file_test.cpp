@@ -18,15 +18,12 @@
 #endif
 
 using namespace pixora;
+using pixora::test::BytesOf;
 using pixora::test::ScratchFolder;
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::span<const std::byte> Bytes(std::string_view text) {
-    return std::as_bytes(std::span(text));
-}
 
 /// Reads up to `count` bytes from the current position.
 std::string Next(File& file, std::size_t count) {
@@ -109,7 +106,7 @@ TEST_CASE("bytes are written as they are, line ends and Ctrl+Z too") {
     auto file = File::Create(folder / "a");
     REQUIRE(file.has_value());
     const std::string bytes("a\nb\r\nc\x1A\0d", 9);
-    CHECK(file->Write(Bytes(bytes)));
+    CHECK(file->Write(BytesOf(bytes)));
     CHECK(file->Write({}));
     CHECK(file->Close());
     CHECK(folder.Read("a") == bytes);
@@ -183,7 +180,7 @@ TEST_CASE("a replacement that is not completed leaves the old file and nothing e
     {
         auto file = AtomicFile::Create(folder / "a");
         REQUIRE(file.has_value());
-        CHECK(file->Out().Write(Bytes("half")));
+        CHECK(file->Out().Write(BytesOf("half")));
         CHECK(folder.Read("a") == "old");
         CHECK(folder.Names() == "a a.tmp0");
     }
@@ -197,7 +194,7 @@ TEST_CASE("a replacement shows only when it is committed, also after it was move
     REQUIRE(made.has_value());
     AtomicFile file(*std::move(made));
     made.reset();
-    CHECK(file.Out().Write(Bytes("new")));
+    CHECK(file.Out().Write(BytesOf("new")));
     CHECK_FALSE(fs::exists(folder / "a"));
     CHECK(file.Commit());
     CHECK(folder.Read("a") == "new");

@@ -12,15 +12,12 @@
 #endif
 
 using namespace pixora;
+using pixora::test::BytesOf;
 using pixora::test::ScratchFolder;
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::span<const std::byte> Bytes(std::string_view text) {
-    return std::as_bytes(std::span(text));
-}
 
 }  // namespace
 
@@ -31,7 +28,7 @@ TEST_CASE("a new file is made only under a name that nothing has") {
         auto file = File::CreateNew(folder / "a", taken);
         REQUIRE(file.has_value());
         CHECK_FALSE(taken);
-        CHECK(file->Write(Bytes("line\n")));
+        CHECK(file->Write(BytesOf("line\n")));
     }
     CHECK_FALSE(File::CreateNew(folder / "a", taken).has_value());
     CHECK(taken);
@@ -45,8 +42,8 @@ TEST_CASE("two replacements of one file at the same moment do not meet") {
     auto first = AtomicFile::Create(folder / "a"), second = AtomicFile::Create(folder / "a");
     REQUIRE(first.has_value());
     REQUIRE(second.has_value());
-    CHECK(first->Out().Write(Bytes("first")));
-    CHECK(second->Out().Write(Bytes("second")));
+    CHECK(first->Out().Write(BytesOf("first")));
+    CHECK(second->Out().Write(BytesOf("second")));
     CHECK(first->Commit());
     CHECK(folder.Read("a") == "first");
     CHECK(second->Commit());

@@ -1,11 +1,18 @@
 // A folder of its own for one test, removed with everything in it.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace pixora::test {
+
+/// A text as the bytes that a file takes.
+[[nodiscard]] inline std::span<const std::byte> BytesOf(std::string_view text) {
+    return std::as_bytes(std::span(text));
+}
 
 class ScratchFolder {
 public:
