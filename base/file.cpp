@@ -22,31 +22,46 @@ namespace fs = std::filesystem;
 // The C runtime of Windows counts the bytes of one call in 32 bits.
 constexpr std::size_t kLargestCall = std::size_t{1} << 26;
 
-std::FILE* Open(const fs::path& path, bool write) {
-#ifdef _WIN32
-    std::FILE* file = _wfopen(path.c_str(), write ? L"wb" : L"rb");
-#else
-    std::FILE* file = std::fopen(path.c_str(), write ? "wb" : "rb");
-#endif
-    if (file) std::setvbuf(file, nullptr, _IONBF, 0);
-    return file;
-}
+constexpr int kClosed = -1;
 
-// Nothing, with errno EEXIST, when the name is taken, by a link to nowhere too.
-std::FILE* OpenNew(const fs::path& path) {
 #ifdef _WIN32
-    const int number = _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
-    std::FILE* file = number < 0 ? nullptr : _fdopen(number, "wb");
-    if (number >= 0 && !file) _close(number);
-#else
-    constexpr mode_t kReadAndWrite = 0666;
-    const int number = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadAndWrite);
-    std::FILE* file = number < 0 ? nullptr : fdopen(number, "wb");
-    if (number >= 0 && !file) close(number);
-#endif
-    if (file) std::setvbuf(file, nullptr, _IONBF, 0);
-    return file;
+// Positions are the caller's, so that reading or writing on is one call and going to another place none.
+int Open(const fs::path& path, int flags) {
+    return _wopen(path.c_str(), flags | _O_BINARY, _S_IREAD | _S_IWRITE);
 }
+int CloseNumber(int number) {
+    return _close(number);
+}
+std::int64_t LengthOf(int number) {
+    return _filelengthi64(number);
+}
+std::int64_t ReadAt(int number, std::int64_t position, std::span<std::byte> target) {
+    if (_lseeki64(number, position, SEEK_SET) < 0) return -1;
+    return _read(number, target.data(), static_cast<unsigned>(target.size()));
+}
+std::int64_t WriteAt(int number, std::int64_t position, std::span<const std::byte> source) {
+    if (_lseeki64(number, position, SEEK_SET) < 0) return -1;
+    return _write(number, source.data(), static_cast<unsigned>(source.size()));
+}
+#else
+int Open(const fs::path& path, int flags) {
+    constexpr mode_t kReadAndWrite = 0666;
+    return open(path.c_str(), flags | O_CLOEXEC, kReadAndWrite);
+}
+int CloseNumber(int number) {
+    return close(number);
+}
+std::int64_t LengthOf(int number) {
+    struct stat facts {};
+    return fstat(number, &facts) == 0 ? facts.st_size : 0;
+}
+std::int64_t ReadAt(int number, std::int64_t position, std::span<std::byte> target) {
+    return pread(number, target.data(), target.size(), position);
+}
+std::int64_t WriteAt(int number, std::int64_t position, std::span<const std::byte> source) {
+    return pwrite(number, source.data(), source.size(), position);
+}
+#endif
 
 bool IsFolder(const fs::path& path) {
     std::error_code ignored;
@@ -58,22 +73,6 @@ bool IsNoFile(const fs::path& path) {
     std::error_code ignored;
     const fs::file_status status = fs::status(path, ignored);
     return fs::exists(status) && !fs::is_regular_file(status);
-}
-
-bool SeekTo(std::FILE* file, std::int64_t offset, int origin) {
-#ifdef _WIN32
-    return _fseeki64(file, offset, origin) == 0;
-#else
-    return fseeko(file, static_cast<off_t>(offset), origin) == 0;
-#endif
-}
-
-std::int64_t Tell(std::FILE* file) {
-#ifdef _WIN32
-    return _ftelli64(file);
-#else
-    return ftello(file);
-#endif
 }
 
 // An existing file without write permission must stay as it is, although renaming over it would often work.
@@ -124,44 +123,58 @@ constexpr std::chrono::milliseconds kLongestPause{0};
 
 std::optional<File> File::OpenForReading(const fs::path& path) {
     if (IsNoFile(path)) return std::nullopt;
-    std::FILE* file = Open(path, false);
-    if (!file) return std::nullopt;
-    return File(file);
+    const int number = Open(path, O_RDONLY);
+    if (number < 0) return std::nullopt;
+    return File(number);
 }
 
 std::optional<File> File::Create(const fs::path& path) {
-    std::FILE* file = Open(path, true);
-    if (!file) return std::nullopt;
-    return File(file);
+    const int number = Open(path, O_WRONLY | O_CREAT | O_TRUNC);
+    if (number < 0) return std::nullopt;
+    return File(number);
 }
 
 std::optional<File> File::CreateNew(const fs::path& path, bool& taken) {
-    std::FILE* file = OpenNew(path);
-    taken = !file && errno == EEXIST;
-    if (!file) return std::nullopt;
-    return File(file);
+    // Taken is a name also by a link to nowhere.
+    const int number = Open(path, O_WRONLY | O_CREAT | O_EXCL);
+    taken = number < 0 && errno == EEXIST;
+    if (number < 0) return std::nullopt;
+    return File(number);
+}
+
+File::File(File&& other) noexcept
+    : number_(std::exchange(other.number_, kClosed)), position_(other.position_) {}
+
+File& File::operator=(File&& other) noexcept {
+    std::swap(number_, other.number_);
+    std::swap(position_, other.position_);
+    return *this;
+}
+
+File::~File() {
+    if (number_ != kClosed) CloseNumber(number_);
 }
 
 std::uint64_t File::Size() const {
-    const std::int64_t position = Tell(file_.get());
-    if (position < 0 || !SeekTo(file_.get(), 0, SEEK_END)) return 0;
-    const std::int64_t size = Tell(file_.get());
-    if (!SeekTo(file_.get(), position, SEEK_SET)) return 0;
+    const std::int64_t size = LengthOf(number_);
     return size > 0 ? static_cast<std::uint64_t>(size) : 0;
 }
 
 bool File::Seek(std::uint64_t offset) {
     if (offset > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) return false;
-    return SeekTo(file_.get(), static_cast<std::int64_t>(offset), SEEK_SET);
+    position_ = offset;
+    return true;
 }
 
 std::size_t File::Read(std::span<std::byte> target) {
     std::size_t done = 0;
     while (done < target.size()) {
-        const std::size_t wanted = std::min(target.size() - done, kLargestCall);
-        const std::size_t got = std::fread(target.data() + done, 1, wanted, file_.get());
-        done += got;
-        if (got < wanted) break;
+        const auto wanted = target.subspan(done, std::min(target.size() - done, kLargestCall));
+        const std::int64_t got = ReadAt(number_, static_cast<std::int64_t>(position_), wanted);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        done += static_cast<std::size_t>(got);
+        position_ += static_cast<std::uint64_t>(got);
     }
     return done;
 }
@@ -179,9 +192,12 @@ File::Units File::ReadUnits(std::span<std::byte> target, std::size_t unit) {
 
 bool File::Write(std::span<const std::byte> source) {
     while (!source.empty()) {
-        const std::size_t count = std::min(source.size(), kLargestCall);
-        if (std::fwrite(source.data(), 1, count, file_.get()) != count) return false;
-        source = source.subspan(count);
+        const auto next = source.first(std::min(source.size(), kLargestCall));
+        const std::int64_t written = WriteAt(number_, static_cast<std::int64_t>(position_), next);
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        source = source.subspan(static_cast<std::size_t>(written));
+        position_ += static_cast<std::uint64_t>(written);
     }
     return true;
 }
@@ -193,8 +209,8 @@ bool File::ExtendTo(std::uint64_t size) {
 }
 
 bool File::Close() {
-    std::FILE* file = file_.release();
-    return file && std::fclose(file) == 0;
+    const int number = std::exchange(number_, kClosed);
+    return number != kClosed && CloseNumber(number) == 0;
 }
 
 AtomicFile::AtomicFile(fs::path target, fs::path temporary, File file)
@@ -272,8 +288,12 @@ bool RenameOver(const fs::path& target, const fs::path& replacement) {
 }
 
 bool WriteWholeFile(const fs::path& path, std::string_view bytes) {
+    return WriteWholeFile(path, [&](File& file) { return file.Write(std::as_bytes(std::span(bytes))); });
+}
+
+bool WriteWholeFile(const fs::path& path, const std::function<bool(File&)>& fill) {
     std::optional<AtomicFile> file = AtomicFile::Create(path);
-    return file && file->Out().Write(std::as_bytes(std::span(bytes))) && file->Commit();
+    return file && fill(file->Out()) && file->Commit();
 }
 
 void DeleteQuietly(const fs::path& path) {

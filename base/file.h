@@ -4,14 +4,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace pixora {
 
@@ -31,9 +30,14 @@ public:
     /// @return nothing when that fails; `taken` tells whether the name was the reason.
     [[nodiscard]] static std::optional<File> CreateNew(const std::filesystem::path& path, bool& taken);
 
-    /// Length in bytes, 0 when it cannot be told. The position is left where it was.
+    File(File&& other) noexcept;
+    File& operator=(File&& other) noexcept;
+    ~File();
+
+    /// Length in bytes, 0 when it cannot be told.
     [[nodiscard]] std::uint64_t Size() const;
-    /// Moves to `offset` bytes from the start; beyond the end is allowed. @return false when it failed.
+    /// Moves to `offset` bytes from the start; beyond the end is allowed. @return false when no file is so
+    /// long.
     [[nodiscard]] bool Seek(std::uint64_t offset);
     /// Reads from the current position. @return the bytes read, fewer than asked only at the end or on error.
     [[nodiscard]] std::size_t Read(std::span<std::byte> target);
@@ -55,11 +59,9 @@ public:
     [[nodiscard]] bool Close();
 
 private:
-    struct Closer {
-        void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-    };
-    explicit File(std::FILE* file) : file_(file) {}
-    std::unique_ptr<std::FILE, Closer> file_;
+    explicit File(int number) : number_(number) {}
+    int number_;  // the system's, or kClosed
+    std::uint64_t position_ = 0;
 };
 
 /// Reads up to `total` bytes, a whole number of units of `unit` bytes, from where the file stands, block by
@@ -68,13 +70,17 @@ private:
 /// @return false when `consume` did.
 template <typename Consume>
 [[nodiscard]] bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume consume) {
-    std::vector<std::byte> block(std::max<std::size_t>(1, kBlockBytes / unit) * unit);
+    const std::uint64_t largest = std::max<std::size_t>(1, kBlockBytes / unit) * unit;
+    const auto size = static_cast<std::size_t>(std::min(largest, total));
+    const auto memory =
+        std::make_unique_for_overwrite<std::byte[]>(size);  // pages that nothing fills cost nothing
+    const std::span block(memory.get(), size);
     for (std::uint64_t done = 0; done < total;) {
-        const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), total - done));
-        const auto [got, whole] = file.ReadUnits(std::span(block).first(wanted), unit);
+        const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, total - done));
+        const auto [got, whole] = file.ReadUnits(block.first(wanted), unit);
         if (got == 0) break;
-        if (!consume(std::span<const std::byte>(block).first(got),
-                     std::span<const std::byte>(block).first(whole)))
+        if (!consume(std::span<const std::byte>(block.first(got)),
+                     std::span<const std::byte>(block.first(whole))))
             return false;
         done += got;
         if (got < wanted) break;
@@ -122,6 +128,8 @@ void DeleteInterruptedReplacements(const std::filesystem::path& target);
 
 /// Replaces the file by `bytes`, whole or not at all.
 [[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view bytes);
+/// The same with what `fill` writes, which says whether it could.
+[[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, const std::function<bool(File&)>& fill);
 /// Deletes the file if it exists, write-protected or not; never fails loudly.
 void DeleteQuietly(const std::filesystem::path& path);
 

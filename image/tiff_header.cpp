@@ -16,6 +16,9 @@ constexpr std::uint64_t kFetchLimit = 8193;
 // No field takes more than four values of four bytes from its entry.
 constexpr std::size_t kUsedValueBytes = 16;
 
+// Read at once from the start of the file and of the directory; the rest of most headers is among them.
+constexpr std::size_t kWindowBytes = 2048;
+
 constexpr std::uint16_t kBitsPerSample = 258;
 constexpr std::uint16_t kStripOffsets = 273;
 
@@ -104,15 +107,41 @@ void Store(std::uint16_t tag, const EntryValues& values, std::uint64_t all_bytes
     if (member && values.bytes.size() >= sizeof(Fraction)) info.*member = {values.U32(0), values.U32(4)};
 }
 
+// A file, some bytes of which are at hand.
+class Window {
+public:
+    explicit Window(File& file) : file_(file) {}
+
+    // Reads from `offset` what is to be at hand.
+    void MoveTo(std::uint64_t offset) {
+        begin_ = offset;
+        held_ = file_.Seek(offset) ? file_.Read(bytes_) : 0;
+    }
+    // @return the bytes that the file held, fewer than asked for only at its end.
+    [[nodiscard]] std::size_t Read(std::uint64_t offset, std::span<std::byte> target) {
+        if (offset < begin_ || offset - begin_ > held_ || target.size() > held_ - (offset - begin_))
+            return file_.Seek(offset) ? file_.Read(target) : 0;
+        std::ranges::copy(std::span(bytes_).subspan(static_cast<std::size_t>(offset - begin_), target.size()),
+                          target.begin());
+        return target.size();
+    }
+
+private:
+    File& file_;
+    std::uint64_t begin_ = 0;
+    std::size_t held_ = 0;
+    std::array<std::byte, kWindowBytes> bytes_;
+};
+
 class HeaderReader {
 public:
-    explicit HeaderReader(File& file) : file_(file), size_(file.Size()) {}
+    explicit HeaderReader(File& file) : window_(file), size_(file.Size()) {}
 
     TiffHeader Read() {
         TiffHeader header;
         std::array<std::byte, 8> start{};
-        static_cast<void>(file_.Seek(0));
-        const std::size_t got = file_.Read(start);
+        window_.MoveTo(0);
+        const std::size_t got = window_.Read(0, start);
         if (got < 4) return header;
         header.kind = KindOf(start);
         if (header.kind == ImageFileKind::unknown) return header;
@@ -138,9 +167,10 @@ private:
 
     bool ReadDirectory(std::uint64_t offset, TiffInfo& info) {
         std::array<std::byte, 2> count_bytes{};
-        if (!file_.ReadExactly(offset, count_bytes)) return false;
+        if (offset + kEntryBytes > kWindowBytes) window_.MoveTo(offset);
+        if (window_.Read(offset, count_bytes) < count_bytes.size()) return false;
         std::vector<std::byte> entries(U16(count_bytes, 0) * kEntryBytes);
-        const std::size_t got = file_.Read(entries);
+        const std::size_t got = window_.Read(offset + count_bytes.size(), entries);
         bool complete = got == entries.size();
         for (std::size_t at = 0; at + kEntryBytes <= got; at += kEntryBytes)
             complete = ReadEntry(std::span(entries).subspan(at, kEntryBytes), info) && complete;
@@ -170,13 +200,13 @@ private:
         std::array<std::byte, kUsedValueBytes> fetched{};
         const auto used = std::span(fetched).first(
             static_cast<std::size_t>(std::min<std::uint64_t>(all_bytes, kUsedValueBytes)));
-        if (offset + all_bytes > size_ || !file_.ReadExactly(offset, used)) return false;
+        if (offset + all_bytes > size_ || window_.Read(offset, used) < used.size()) return false;
         values.bytes = used;
         Store(tag, values, all_bytes, info);
         return true;
     }
 
-    File& file_;
+    Window window_;
     std::uint64_t size_;
     bool big_endian_ = false;
 };

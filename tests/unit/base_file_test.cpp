@@ -112,6 +112,41 @@ TEST_CASE("bytes are written as they are, line ends and Ctrl+Z too") {
     CHECK(folder.Read("a") == bytes);
 }
 
+TEST_CASE("bytes are written where the file stands, also before and behind those that are there") {
+    const ScratchFolder folder;
+    auto file = File::Create(folder / "a");
+    REQUIRE(file.has_value());
+    CHECK(file->Write(BytesOf("0123")));
+    CHECK(file->Size() == 4);
+    CHECK(file->Seek(1));
+    CHECK(file->Write(BytesOf("xy")));
+    CHECK(file->Seek(6));
+    CHECK(file->Size() == 4);  // going there alone adds nothing
+    File moved(*std::move(file));
+    CHECK(moved.Write(BytesOf("z")));
+    CHECK(moved.Size() == 7);
+    CHECK(moved.ExtendTo(9));
+    CHECK(moved.ExtendTo(5));
+    CHECK(moved.Close());
+    CHECK(folder.Read("a") == std::string("0xy3\0\0z\0\0", 9));
+}
+
+TEST_CASE("a file that grows or shrinks while it is open is read as it is now") {
+    const ScratchFolder folder;
+    folder.Write("a", "0123456789");
+    auto file = File::OpenForReading(folder / "a");
+    REQUIRE(file.has_value());
+    CHECK(Next(*file, 4) == "0123");
+    fs::resize_file(folder / "a", 6);
+    CHECK(file->Size() == 6);
+    CHECK(Next(*file, 4) == "45");
+    fs::resize_file(folder / "a", 8);
+    CHECK(file->Size() == 8);
+    CHECK(Next(*file, 4) == std::string(2, '\0'));
+    fs::resize_file(folder / "a", 1);
+    CHECK(Next(*file, 4).empty());
+}
+
 TEST_CASE("a closed file cannot be closed again") {
     const ScratchFolder folder;
     auto file = File::Create(folder / "a");
@@ -171,6 +206,17 @@ TEST_CASE("a file is replaced as a whole") {
     CHECK(folder.Read("a").empty());
     CHECK(WriteWholeFile(folder / "a", "second"));
     CHECK(folder.Read("a") == "second");
+    CHECK(folder.Names() == "a");
+}
+
+TEST_CASE("a file is replaced by what somebody fills it with, or stays when that fails") {
+    const ScratchFolder folder;
+    CHECK(WriteWholeFile(folder / "a", [](File& file) {
+        return file.Write(BytesOf("first ")) && file.Write(BytesOf("second"));
+    }));
+    CHECK(folder.Read("a") == "first second");
+    CHECK_FALSE(WriteWholeFile(folder / "a", [](File& file) { return !file.Write(BytesOf("third")); }));
+    CHECK(folder.Read("a") == "first second");
     CHECK(folder.Names() == "a");
 }
 

@@ -160,6 +160,42 @@ TEST_CASE("values too large for their field do not wrap round to good ones") {
     CHECK(header.info.photometric == 65535);
 }
 
+TEST_CASE("a directory may stand anywhere in the file, and so may its values") {
+    TiffFile file{.width = 9, .height = 8, .photometric = 2, .bits = 12};
+    const std::size_t directory_end =
+        file.DataOffset() + 12 - 12;  // one entry more, before the next directory
+    for (const std::uint32_t at : {200u, 1900u, 2034u, 2036u, 2037u, 2040u, 2047u, 2048u, 4096u, 300'000u}) {
+        CAPTURE(at);
+        file.more = {{282, 5, 1, at + 700}};
+        std::string bytes = file.Make();
+        const std::string directory = bytes.substr(8, directory_end - 8);
+        bytes.resize(at, 'x');
+        bytes += directory;
+        bytes.resize(at + 700, 'x');
+        bytes += Bytes({72, 0, 0, 0, 5, 0, 0, 0});
+        for (int byte = 0; byte < 4; ++byte)
+            bytes[4 + static_cast<std::size_t>(byte)] = static_cast<char>(at >> (8 * byte));
+        const TiffHeader header = Header(bytes);
+        CHECK(header.complete);
+        CHECK(header.info.width == 9);
+        CHECK(header.info.height == 8);
+        CHECK(header.info.bits == std::array<std::uint16_t, 4>{12, 12, 12, 0});
+        CHECK(header.info.x_resolution == std::array<std::uint32_t, 2>{72, 5});
+        CHECK_FALSE(Header(bytes.substr(0, bytes.size() - 1)).complete);
+        CHECK_FALSE(Header(bytes.substr(0, at + 60)).complete);
+    }
+}
+
+TEST_CASE("a long directory is read to its end") {
+    TiffFile file{.width = 9};
+    file.more.assign(5000, {999, 4, 1, 7});
+    file.more.back() = {256, 4, 1, 33};
+    CHECK(Header(file.Make()).complete);
+    CHECK(Header(file.Make()).info.width == 33);
+    CHECK_FALSE(Header(file.Make().substr(0, 60'000)).complete);
+    CHECK(Header(file.Make().substr(0, 60'000)).info.width == 9);
+}
+
 TEST_CASE("a directory that is cut off is incomplete with the entries that are there") {
     const std::string whole = TiffFile{.width = 9, .height = 8}.Make();
     CHECK_FALSE(Header(whole.substr(0, 8)).complete);
