@@ -4,21 +4,15 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <span>
 
 #include "analysis/channel.h"
+#include "analysis/csv_lines.h"
 #include "base/number_text.h"
 
 namespace pixora {
 namespace {
 
-/// A kind of number and what stands for one that is too large for its field.
-struct Field {
-    std::uint32_t largest;
-    std::string_view beyond;
-};
-constexpr Field kPlace{99'999, "-----"};  // of locations, levels and values
-constexpr Field kCount{99'999'999, "--------"};
-constexpr std::size_t kLongestField = 8;
 constexpr wchar_t kSeparator = L'\\';
 
 /// The channels that a file holds, by their places in the pixel, in the order of its columns. Deliberate: a
@@ -39,38 +33,74 @@ std::string Header(std::string_view first, std::string_view word, std::string_vi
         header += colour ? word : grey_word;
         if (colour) header += kChannelNotes[place];
     }
-    return header + "\r\n";
+    return header;
 }
 
-/// Puts the lines of a file together without looking at its memory more than once.
-class Lines {
-public:
-    Lines(std::string header, std::size_t rows, std::size_t columns) : text_(std::move(header)) {
-        const std::size_t begin = text_.size();
-        text_.resize(begin + rows * ((columns + 1) * (kLongestField + 1) + 1));
-        at_ = text_.data() + begin;
-    }
-    void Put(std::uint32_t value, const Field& field) {
-        if (value > field.largest) {
-            at_ = std::copy(field.beyond.begin(), field.beyond.end(), at_);
-        } else {
-            at_ = std::to_chars(at_, at_ + kLongestField, value).ptr;
-        }
-    }
-    void NextField() { *at_++ = ','; }
-    void EndLine() {
-        *at_++ = '\r';
-        *at_++ = '\n';
-    }
-    [[nodiscard]] std::string Take() {
-        text_.resize(static_cast<std::size_t>(at_ - text_.data()));
-        return std::move(text_);
-    }
+/// The numbers of one column from the second field on; what it lacks of the file's lines is zeros.
+template <typename Value>
+using Column = std::span<const Value>;
 
-private:
-    std::string text_;
-    char* at_;
-};
+/// A file whose first field counts the lines from `first` on.
+/// @return false when `take` did.
+template <typename Value>
+bool PutLines(const std::string& header, std::uint32_t first, std::size_t rows,
+              std::span<const Column<Value>> columns, CsvField field, const CsvBlock::Take& take) {
+    CsvBlock block(take);
+    block.Keep(EndCsvLine(std::ranges::copy(header, block.Next()).out));
+    CsvCounter number(first, kPlaceField);
+    for (std::size_t row = 0; row < rows;) {
+        const std::size_t room = block.Room();
+        if (room == 0) return false;
+        const std::size_t end = std::min(rows, row + room);
+        char* at = block.Next();
+        for (; row < end; ++row, number.Advance()) {
+            at = number.Put(at);
+            for (const Column<Value>& column : columns) {
+                *at++ = ',';
+                at = PutField(at, row < column.size() ? column[row] : 0u, field);
+            }
+            at = EndCsvLine(at);
+        }
+        block.Keep(at);
+    }
+    return block.HandOn();
+}
+
+/// The columns among `values` that stand at `places`.
+template <typename Value>
+std::vector<Column<Value>> Chosen(const std::array<std::vector<Value>, 3>& values,
+                                  const ChannelPlaces& places) {
+    std::vector<Column<Value>> columns;
+    for (const std::size_t place : places.Places()) columns.emplace_back(values[place]);
+    return columns;
+}
+
+bool PutHistogram(const HistogramCounts& counts, bool colour, int channel, std::uint32_t bits,
+                  const CsvBlock::Take& take) {
+    const ChannelPlaces places = ColumnsOf(colour, channel);
+    return PutLines<std::uint32_t>(Header("Value", "Freq", "Freq.", colour, places), 0, BinCount(bits),
+                                   Chosen(counts, places), kCountField, take);
+}
+
+bool PutProfile(const LineProfile& profile, bool colour, int channel, const CsvBlock::Take& take) {
+    const ChannelPlaces places = ColumnsOf(colour, channel);
+    // Deliberate: the first word's spelling is the product's.
+    return PutLines<std::uint16_t>(Header("Loacation", "Value", "Value", colour, places),
+                                   static_cast<std::uint32_t>(profile.first),
+                                   static_cast<std::size_t>(std::max(profile.count, 0)),
+                                   Chosen(profile.values, places), kPlaceField, take);
+}
+
+CsvBlock::Take Into(File& file) {
+    return [&file](std::string_view text) { return file.Write(std::as_bytes(std::span(text))); };
+}
+
+CsvBlock::Take Into(std::string& whole) {
+    return [&whole](std::string_view text) {
+        whole += text;
+        return true;
+    };
+}
 
 /// Deliberate: unlike that of a saved region, a name that only begins with a point loses all of it.
 std::wstring_view WithoutExtension(std::wstring_view name) {
@@ -90,35 +120,30 @@ std::wstring ProposedName(std::wstring_view folder, std::wstring_view image_name
 
 }  // namespace
 
+char* PutLargeField(char* at, std::uint32_t value, CsvField field) {
+    if (value <= field.largest) return std::to_chars(at, at + kFieldBytes, value).ptr;
+    return std::ranges::copy(field.beyond, at).out;
+}
+
+bool WriteHistogramCsv(File& file, const HistogramCounts& counts, bool colour, int channel,
+                       std::uint32_t bits) {
+    return PutHistogram(counts, colour, channel, bits, Into(file));
+}
+
+bool WriteProfileCsv(File& file, const LineProfile& profile, bool colour, int channel) {
+    return PutProfile(profile, colour, channel, Into(file));
+}
+
 std::string HistogramCsv(const HistogramCounts& counts, bool colour, int channel, std::uint32_t bits) {
-    const ChannelPlaces columns = ColumnsOf(colour, channel);
-    const std::size_t rows = BinCount(bits);
-    Lines lines(Header("Value", "Freq", "Freq.", colour, columns), rows, columns.count);
-    for (std::size_t level = 0; level < rows; ++level) {
-        lines.Put(static_cast<std::uint32_t>(level), kPlace);
-        for (const std::size_t place : columns.Places()) {
-            lines.NextField();
-            lines.Put(level < counts[place].size() ? counts[place][level] : 0, kCount);
-        }
-        lines.EndLine();
-    }
-    return lines.Take();
+    std::string whole;
+    static_cast<void>(PutHistogram(counts, colour, channel, bits, Into(whole)));
+    return whole;
 }
 
 std::string ProfileCsv(const LineProfile& profile, bool colour, int channel) {
-    const ChannelPlaces columns = ColumnsOf(colour, channel);
-    const auto rows = static_cast<std::size_t>(std::max(profile.count, 0));
-    // Deliberate: the first word's spelling is the product's.
-    Lines lines(Header("Loacation", "Value", "Value", colour, columns), rows, columns.count);
-    for (std::size_t row = 0; row < rows; ++row) {
-        lines.Put(static_cast<std::uint32_t>(profile.first) + static_cast<std::uint32_t>(row), kPlace);
-        for (const std::size_t place : columns.Places()) {
-            lines.NextField();
-            lines.Put(row < profile.values[place].size() ? profile.values[place][row] : 0u, kPlace);
-        }
-        lines.EndLine();
-    }
-    return lines.Take();
+    std::string whole;
+    static_cast<void>(PutProfile(profile, colour, channel, Into(whole)));
+    return whole;
 }
 
 std::wstring HistogramCsvName(std::wstring_view folder, std::wstring_view image_name, bool colour,

@@ -41,9 +41,9 @@ bool WouldReplace(const Session& session, const std::string& file, const std::st
     return true;
 }
 
-int WriteCsvFile(const Session& session, const std::string& bytes) {
+int WriteCsvFile(const Session& session, const std::function<bool(File&)>& fill) {
     const std::string& out = session.options.out;
-    return WriteWholeFile(PathOf(out), bytes) ? kDone : CannotWrite(session, out);
+    return WriteWholeFile(PathOf(out), fill) ? kDone : CannotWrite(session, out);
 }
 
 int ChannelFor(const Session& session, const ImageBuffer& image) {
@@ -69,8 +69,9 @@ int Histogram(Session& session, const std::string& file) {
     if (!image) return status;
     const bool colour = image->colour != 0;
     const std::uint32_t bits = EffectiveBits(*image);
-    return WriteCsvFile(session,
-                        HistogramCsv(sink.Counts(colour, bits), colour, ChannelFor(session, *image), bits));
+    return WriteCsvFile(session, [&](File& out) {
+        return WriteHistogramCsv(out, sink.Counts(colour, bits), colour, ChannelFor(session, *image), bits);
+    });
 }
 
 int Profile(Session& session, const std::string& file) {
@@ -88,7 +89,9 @@ int Profile(Session& session, const std::string& file) {
     LineProfile profile;
     ReadLine(samples, options.kind, 0, WholeImage(samples.width, samples.height), profile);
     profile.first += row ? sink.Part().left : sink.Part().top;
-    return WriteCsvFile(session, ProfileCsv(profile, samples.colour, ChannelFor(session, *image)));
+    return WriteCsvFile(session, [&](File& out) {
+        return WriteProfileCsv(out, profile, samples.colour, ChannelFor(session, *image));
+    });
 }
 
 int SavePart(Session& session, const std::string& file) {
