@@ -173,11 +173,12 @@ void Measure(const SampleImage& image, const Region& region, Measurement& result
     if (image.colour) result.statistics[3] = StatisticsOf(all);
 }
 
-void SampleCounter::Begin() {
-    tables_.assign(kColourTables * kTableStride, 0);
+void SampleCounter::Prepare() {
+    if (tables_.empty()) tables_.assign(kColourTables * kTableStride, 0);
 }
 
 void SampleCounter::Add(std::span<const std::uint16_t> samples, std::size_t channels) {
+    Prepare();
     single_ = channels == 1;
     if (single_)
         CountSingle(samples.data(), samples.size(), tables_.data());
@@ -186,6 +187,7 @@ void SampleCounter::Add(std::span<const std::uint16_t> samples, std::size_t chan
 }
 
 void SampleCounter::AddZeros(std::uint64_t pixels) {
+    Prepare();
     const std::size_t places = single_ ? 1 : kColourTables;
     for (std::size_t place = 0; place < places; ++place)
         tables_[place * kTableStride] += static_cast<std::uint32_t>(pixels);
@@ -195,9 +197,10 @@ HistogramCounts SampleCounter::Counts(bool colour, std::uint32_t bits) const {
     HistogramCounts counts;
     for (std::size_t place = 0; place < (colour ? kColourTables : 1); ++place) {
         counts[place].assign(BinCount(bits), 0);
+        if (tables_.empty()) continue;
         TakeCounts(tables_.data() + place * kTableStride, counts[place]);
     }
-    if (!single_) return counts;
+    if (!single_ || tables_.empty()) return counts;
     std::vector<std::uint32_t> second(BinCount(bits), 0);
     TakeCounts(tables_.data() + kTableStride, second);
     std::ranges::transform(counts[0], second, counts[0].begin(), std::plus<>());

@@ -39,20 +39,34 @@ bool PartSink::Begin(std::uint32_t width, std::uint32_t height, RowOrder order) 
 }
 
 bool PartSink::Take(std::span<const std::uint16_t> samples, std::size_t channels) {
-    if (StopRequested()) {
-        end_ = End::stopped;
-        return false;
-    }
+    if (!GoesOn()) return false;
     const auto image_width = static_cast<std::size_t>(image_width_);
     while (!samples.empty() && row_ < static_cast<std::size_t>(image_height_)) {
         const std::size_t pixels = std::min(samples.size() / channels, RowsAtOnce() * image_width - column_);
         if (const std::optional<std::size_t> row = RowInPart())
             KeepPart(samples.first(pixels * channels), channels, *row);
         samples = samples.subspan(pixels * channels);
-        row_ += (column_ + pixels) / image_width;
-        column_ = (column_ + pixels) % image_width;
+        Advance(pixels);
     }
     return true;
+}
+
+bool PartSink::TakeStored(const StoredPixels& pixels) {
+    if (!GoesOn()) return false;
+    KeepStored(pixels);
+    Advance(pixels.Pixels());
+    return true;
+}
+
+bool PartSink::GoesOn() {
+    if (StopRequested()) end_ = End::stopped;
+    return end_ == End::none;
+}
+
+void PartSink::Advance(std::size_t pixels) {
+    const auto image_width = static_cast<std::size_t>(image_width_);
+    row_ += (column_ + pixels) / image_width;
+    column_ = (column_ + pixels) % image_width;
 }
 
 std::optional<std::size_t> PartSink::RowInPart() const {

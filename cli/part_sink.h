@@ -22,6 +22,11 @@ public:
 
     bool Begin(std::uint32_t width, std::uint32_t height, RowOrder order) final;
     bool Take(std::span<const std::uint16_t> samples, std::size_t channels) final;
+    /// Only a part that is the whole image needs no look at its rows.
+    [[nodiscard]] bool TakesStored() const final {
+        return KeepsStored() && part_ == WholeImage(image_width_, image_height_);
+    }
+    bool TakeStored(const StoredPixels& pixels) final;
     /// Once the file has been read: what it lacked becomes zero.
     virtual void Complete() = 0;
 
@@ -48,6 +53,11 @@ protected:
     virtual void Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row,
                       std::size_t column) = 0;
 
+    /// Whether KeepStored() works with pixels as they are stored.
+    [[nodiscard]] virtual bool KeepsStored() const { return false; }
+    /// Pixels of the whole image, in the order of arrival.
+    virtual void KeepStored(const StoredPixels&) {}
+
     /// Goes on as if pixels came that are not kept. Calls `missed(row, column)` for each row of the part of
     /// which the pixels from `column` on have not come.
     template <typename Missed>
@@ -63,6 +73,8 @@ protected:
 private:
     [[nodiscard]] std::optional<std::size_t> RowInPart() const;
     [[nodiscard]] std::size_t RowsAtOnce() const;
+    [[nodiscard]] bool GoesOn();
+    void Advance(std::size_t pixels);
     void KeepPart(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row);
 
     std::optional<Region> wanted_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "image/pixels.h"
+#include "image/valid_bits.h"
 
 namespace pixora::cli {
 
@@ -28,6 +29,7 @@ void RegionSink::Complete() {}  // the memory was zero before
 
 bool SumSink::Start() {
     sums_ = {};
+    stored_ = {};
     return true;
 }
 
@@ -44,21 +46,28 @@ void SumSink::Complete() {
     });
 }
 
+int SumSink::ScaleStored(bool zeros_follow) {
+    const int bits = ValidBitsOf(stored_.DifferingBits(zeros_follow));
+    stored_.DropLowBits(16 - bits);
+    return bits;
+}
+
 StatisticsRecord SumSink::Statistics(bool colour) const {
     StatisticsRecord record{};
-    record[0] = StatisticsOf(sums_[0]);
-    if (!colour) return record;
-    record[1] = StatisticsOf(sums_[1]);
-    record[2] = StatisticsOf(sums_[2]);
-    SampleSums all = sums_[0];
-    all.Add(sums_[1]);
-    all.Add(sums_[2]);
-    record[3] = StatisticsOf(all);
+    SampleSums all;
+    for (std::size_t place = 0; place < (colour ? sums_.size() : 1); ++place) {
+        SampleSums sums = sums_[place];
+        sums.Add(stored_.Channels()[place]);
+        record[place] = StatisticsOf(sums);
+        all.Add(sums);
+    }
+    if (colour) record[3] = StatisticsOf(all);
     return record;
 }
 
 bool CountSink::Start() {
     counter_.Begin();
+    stored_ = {};
     return true;
 }
 
@@ -66,12 +75,20 @@ void CountSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, s
     counter_.Add(run, channels);
 }
 
+int CountSink::ScaleStored(bool zeros_follow) {
+    const int bits = ValidBitsOf(stored_.DifferingBits(zeros_follow));
+    stored_.DropLowBits(16 - bits);
+    return bits;
+}
+
 void CountSink::Complete() {
     SkipToEnd([&](std::size_t, std::size_t column) { counter_.AddZeros(Width() - column); });
 }
 
 HistogramCounts CountSink::Counts(bool colour, std::uint32_t bits) const {
-    return counter_.Counts(colour, bits);
+    HistogramCounts counts = counter_.Counts(colour, bits);
+    stored_.AddTo(counts);
+    return counts;
 }
 
 }  // namespace pixora::cli

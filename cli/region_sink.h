@@ -3,6 +3,8 @@
 
 #include "analysis/measurement.h"
 #include "analysis/sample_sums.h"
+#include "analysis/stored_counts.h"
+#include "analysis/stored_sums.h"
 #include "cli/part_sink.h"
 #include "viewer/sample_buffer.h"
 
@@ -26,6 +28,7 @@ private:
 class SumSink final : public PartSink {
 public:
     void Complete() override;
+    [[nodiscard]] int ScaleStored(bool zeros_follow) override;
     /// @param colour  of the image, which may show only at its end.
     [[nodiscard]] StatisticsRecord Statistics(bool colour) const;
 
@@ -34,13 +37,18 @@ private:
     void Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row,
               std::size_t column) override;
 
-    std::array<SampleSums, 3> sums_;
+    bool KeepsStored() const override { return true; }
+    void KeepStored(const StoredPixels& pixels) override { stored_.Add(pixels); }
+
+    std::array<SampleSums, 3> sums_;  // of decoded samples
+    StoredSums stored_;
 };
 
 /// Counts how often each value occurs; keeps no samples.
 class CountSink final : public PartSink {
 public:
     void Complete() override;
+    [[nodiscard]] int ScaleStored(bool zeros_follow) override;
     /// @param colour  of the image. @param bits  the depth that measurements work with.
     [[nodiscard]] HistogramCounts Counts(bool colour, std::uint32_t bits) const;
 
@@ -49,7 +57,11 @@ private:
     void Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row,
               std::size_t column) override;
 
-    SampleCounter counter_;
+    bool KeepsStored() const override { return true; }
+    void KeepStored(const StoredPixels& pixels) override { stored_.Add(pixels); }
+
+    SampleCounter counter_;  // of decoded samples
+    StoredCounts stored_;
 };
 
 }  // namespace pixora::cli

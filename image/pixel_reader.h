@@ -57,6 +57,15 @@ public:
         return true;
     }
 
+    /// For each block: consume(whole units as stored). What is missing of a last unit is zeros; a file that
+    /// ends early just ends the reading.
+    /// @return false when `consume` did.
+    template <typename Consume>
+    [[nodiscard]] bool ForEachStored(Consume consume) {
+        return !file_.Seek(start_) || pixora::ForEachBlock(file_, End() - start_, unit_.bytes,
+                                                           [&](auto, auto whole) { return consume(whole); });
+    }
+
 private:
     std::span<std::uint16_t> Decode(std::size_t at, std::size_t bytes) {
         if (StoresWords(layout_)) {

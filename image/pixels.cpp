@@ -59,6 +59,7 @@ void Bgrx8(std::span<const std::byte> stored, std::span<std::uint16_t> samples) 
 }  // namespace
 
 void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::span<std::uint16_t> samples) {
+    if (layout == PixelLayout::bgr8) layout = PixelLayout::mono8;  // every byte is a sample
     const std::size_t done = x86::Unpack(layout, stored, samples);
     const PixelUnit unit = UnitOf(layout);
     stored = stored.subspan(done);
@@ -78,6 +79,7 @@ void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::sp
         case PixelLayout::mono14:
         case PixelLayout::mono16:
         case PixelLayout::rgb16:
+        case PixelLayout::bgr8:
             break;
     }
 }

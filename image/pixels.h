@@ -17,6 +17,7 @@ enum class PixelLayout {
     rgb8,    ///< three bytes a pixel: red, green, blue
     rgb12,   ///< two pixels in nine bytes, packed like mono12
     rgb16,   ///< three 16-bit words a pixel: red, green, blue
+    bgr8,    ///< three bytes a pixel: blue, green, red
     bgrx8,   ///< four bytes a pixel: blue, green, red, not used
 };
 
@@ -36,6 +37,7 @@ struct PixelUnit {
         case PixelLayout::mono12:
             return {3, 2};
         case PixelLayout::rgb8:
+        case PixelLayout::bgr8:
             return {3, 1};
         case PixelLayout::rgb12:
             return {9, 2};
@@ -50,6 +52,11 @@ struct PixelUnit {
 /// Samples that a pixel of the layout decodes to: 1 for a grey one, 3 for a colour one.
 [[nodiscard]] constexpr std::size_t ChannelsOf(PixelLayout layout) {
     return layout >= PixelLayout::rgb8 ? 3 : 1;
+}
+
+/// True for colour layouts whose pixels are red, green, blue.
+[[nodiscard]] constexpr bool IsRedFirst(PixelLayout layout) {
+    return layout == PixelLayout::rgb8 || layout == PixelLayout::rgb12 || layout == PixelLayout::rgb16;
 }
 
 /// True for layouts whose samples are stored as 16-bit words; they can be decoded where they stand.

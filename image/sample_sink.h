@@ -6,6 +6,7 @@
 #include <span>
 
 #include "image/picture.h"
+#include "image/stored_pixels.h"
 
 namespace pixora {
 
@@ -25,6 +26,20 @@ public:
     /// @param channels  1 or 3, the same for the whole image.
     /// @return false to end the reading.
     [[nodiscard]] virtual bool Take(std::span<const std::uint16_t> samples, std::size_t channels) = 0;
+
+    /// Asked after Begin(): whether the pixels may come as they are stored. Then TakeStored() is called
+    /// instead of Take() for all of them; not for samples that a given number of valid bits has to cut down.
+    [[nodiscard]] virtual bool TakesStored() const { return false; }
+
+    /// The next pixels, never more than the image has.
+    /// @return false to end the reading.
+    [[nodiscard]] virtual bool TakeStored(const StoredPixels&) { return false; }
+
+    /// Called after the last of the pixels when 16-bit words came as they are stored and their valid bits are
+    /// to be found. What was gathered counts for samples scaled to these from now on.
+    /// @param zeros_follow  the file lacks some pixels.
+    /// @return the valid bits of all samples.
+    [[nodiscard]] virtual int ScaleStored([[maybe_unused]] bool zeros_follow) { return 16; }
 
 protected:
     SampleSink() = default;

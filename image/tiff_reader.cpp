@@ -1,20 +1,17 @@
 #include "image/tiff_reader.h"
 
-#include <array>
 #include <utility>
 
+#include "image/bits_guess.h"
 #include "image/picture.h"
 #include "image/pixel_reader.h"
+#include "image/tiff_source.h"
 #include "image/valid_bits.h"
 
 namespace pixora {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool SizeIsKept(const TiffInfo& info) {
-    return info.width <= kMaxImageSide && info.height <= kMaxImageSide;
-}
 
 // The display copy while it is being made.
 class DisplayCopy {
@@ -79,41 +76,6 @@ bool WriteDisplay(File& file, PixelReader& pixels, PixelLayout layout, const Tif
     return display && DisplayPass(*display, nullptr).Run(file, pixels) && display->Commit();
 }
 
-// The valid bits by which samples are scaled while they are still being found: given beforehand, or guessed
-// from the first piece.
-class BitsGuess {
-public:
-    explicit BitsGuess(int given_bits) : automatic_(!IsValidBitCount(given_bits)), bits_(given_bits) {}
-
-    /// Looks at the next samples as they are stored. @return false once any has proved the guess wrong.
-    bool Add(std::span<const std::uint16_t> samples) {
-        if (!automatic_) return true;
-        detector_.Add(samples);
-        if (!IsValidBitCount(bits_)) bits_ = detector_.Bits();
-        failed_ = failed_ || detector_.Bits() != bits_;
-        return !failed_;
-    }
-    /// The same for the zeros that a short file lacks.
-    bool AddMissing() { return Add(std::array<std::uint16_t, 1>{}); }
-
-    /// Guesses anew by what has been seen so far, if anything has.
-    void Mend() {
-        if (failed_) bits_ = detector_.Bits();
-        failed_ = false;
-    }
-
-    [[nodiscard]] bool Failed() const { return failed_; }
-    /// True when no further sample can change anything.
-    [[nodiscard]] bool Settled() const { return !automatic_ || detector_.Bits() == 16; }
-    [[nodiscard]] int Bits() const { return bits_; }
-
-private:
-    bool automatic_;
-    int bits_;
-    bool failed_ = false;
-    ValidBitsDetector detector_;
-};
-
 // A pass for the data copy of a 16-bit file, and for its display copy (if any). Should the guess of the valid
 // bits prove wrong, the data copy is written once more when all samples have been seen.
 class RawPass {
@@ -154,110 +116,6 @@ private:
     BitsGuess guess_;
     std::uint64_t seen_ = 0;
 };
-
-// A pass that gives the samples to `sink` as they are.
-class SamplePass {
-public:
-    SamplePass(SampleSink& sink, std::size_t channels) : sink_(sink), channels_(channels) {}
-
-    [[nodiscard]] static bool See(std::span<const std::byte>) { return true; }
-    void Take(std::span<const std::uint16_t> samples) {
-        stopped_ = stopped_ || !sink_.Take(samples, channels_);
-    }
-    [[nodiscard]] bool Keep(std::span<const std::uint16_t>) const { return !stopped_; }
-
-private:
-    SampleSink& sink_;
-    std::size_t channels_;
-    bool stopped_ = false;
-};
-
-// A pass over a 16-bit file that gives the scaled samples to `sink`, or only finds the valid bits. It ends as
-// soon as the guess of the valid bits proves wrong.
-class ScaledPass {
-public:
-    ScaledPass(BitsGuess& guess, SampleSink* sink, std::size_t channels)
-        : guess_(guess), sink_(sink), channels_(channels) {}
-
-    // @return false when the sink ended the reading.
-    [[nodiscard]] bool Run(PixelReader& pixels) {
-        static_cast<void>(pixels.ForEachBlock(*this));
-        if (!Ended() && seen_ < pixels.Samples()) guess_.AddMissing();
-        return !stopped_;
-    }
-
-    [[nodiscard]] static bool See(std::span<const std::byte>) { return true; }
-    void Take(std::span<std::uint16_t> samples) {
-        if (Ended()) return;
-        seen_ += samples.size();
-        if (!guess_.Add(samples) || !sink_) return;
-        static_cast<void>(ScaleToValidBits(samples, guess_.Bits()));
-        stopped_ = !sink_->Take(samples, channels_);
-    }
-    [[nodiscard]] bool Keep(std::span<const std::uint16_t>) const { return !Ended(); }
-
-private:
-    [[nodiscard]] bool Ended() const { return stopped_ || (sink_ ? guess_.Failed() : guess_.Settled()); }
-
-    BitsGuess& guess_;
-    SampleSink* sink_;
-    std::size_t channels_;
-    std::uint64_t seen_ = 0;
-    bool stopped_ = false;
-};
-
-// Why a file is refused by its header; the order of the checks is that of the messages' weight.
-ReadResult CheckHeader(const TiffHeader& header) {
-    const TiffInfo& info = header.info;
-    if (info.compression > 1) return ReadResult::compressed;  // also when the rest could not be read
-    if (!header.complete || info.width == 0 || info.height == 0) return ReadResult::invalid;
-    if (info.photometric == 5) return ReadResult::cmyk;
-    if (info.photometric != 1 && !info.IsColour()) return ReadResult::not_supported;
-    if (!LayoutOf(info) || !SizeIsKept(info)) return ReadResult::not_supported;
-    return ReadResult::accepted;
-}
-
-bool IsPlain16(const TiffHeader& header) {
-    const TiffInfo& info = header.info;
-    const bool known = info.photometric == 1 || info.IsColour();
-    return header.complete && known && info.compression == 1 && info.width > 0 && info.height > 0 &&
-           SizeIsKept(info) && (info.SingleBits() == 16 || info.ChannelBits() == 16);
-}
-
-PixelLayout Layout16(const TiffInfo& info) {
-    return info.IsColour() ? PixelLayout::rgb16 : PixelLayout::mono16;
-}
-
-// A source that has been looked at as far as its header goes; open when it is accepted.
-struct LookedAt {
-    ReadResult result = ReadResult::not_supported;
-    std::optional<File> file;
-    TiffHeader header;
-};
-
-bool HasPixelData(File& file, const TiffInfo& info) {
-    return info.first_strip_offset < file.Size();
-}
-
-LookedAt LookAt(const fs::path& source) {
-    LookedAt found{.file = File::OpenForReading(source), .header = {}};
-    if (!found.file) return found;
-    found.header = ReadTiffHeader(*found.file);
-    found.result = CheckHeader(found.header);
-    if (found.result == ReadResult::accepted && !HasPixelData(*found.file, found.header.info))
-        found.result = ReadResult::invalid;
-    return found;
-}
-
-// The same for a 16-bit source, which is refused in one way only.
-LookedAt LookAt16(const fs::path& source) {
-    LookedAt found{.result = ReadResult::invalid, .file = File::OpenForReading(source), .header = {}};
-    if (!found.file) return found;
-    found.header = ReadTiffHeader(*found.file);
-    if (IsPlain16(found.header) && HasPixelData(*found.file, found.header.info))
-        found.result = ReadResult::accepted;
-    return found;
-}
 
 }  // namespace
 
@@ -304,7 +162,7 @@ int DisplayShift(const TiffInfo& info) {
 }
 
 ReadResult ConvertTiff(const fs::path& source, const fs::path& display_copy, const fs::path& byte_copy) {
-    LookedAt found = LookAt(source);
+    TiffSource found = OpenTiff(source);
     if (found.result != ReadResult::accepted) return found.result;
     const TiffInfo& info = found.header.info;
     PixelReader pixels(*found.file, info, *LayoutOf(info));
@@ -321,20 +179,9 @@ ReadResult ConvertTiff(const fs::path& source, const fs::path& display_copy, con
     return written ? ReadResult::accepted : ReadResult::write_failed;
 }
 
-ReadResult ReadTiffSamples(const fs::path& source, SampleSink* sink) {
-    LookedAt found = LookAt(source);
-    if (found.result != ReadResult::accepted || !sink) return found.result;
-    const TiffInfo& info = found.header.info;
-    const PixelLayout layout = *LayoutOf(info);
-    SamplePass pass(*sink, ChannelsOf(layout));
-    const bool taken = sink->Begin(info.width, info.height, RowOrder::top_down) &&
-                       PixelReader(*found.file, info, layout).ForEachBlock(pass);
-    return taken ? ReadResult::accepted : ReadResult::write_failed;
-}
-
 Tiff16Conversion ConvertTiff16(const fs::path& source, const fs::path& display_copy,
                                const fs::path& data_copy, int valid_bits) {
-    LookedAt found = LookAt16(source);
+    TiffSource found = OpenTiff16(source);
     if (found.result != ReadResult::accepted) return {};
     const TiffInfo& info = found.header.info;
     PixelReader pixels(*found.file, info, Layout16(info));
@@ -351,23 +198,6 @@ Tiff16Conversion ConvertTiff16(const fs::path& source, const fs::path& display_c
             .data_written = true,
             .display_written = display && display->Commit(),
             .valid_bits = pass.Bits()};
-}
-
-Tiff16Reading ReadTiff16Samples(const fs::path& source, int valid_bits, SampleSink* sink) {
-    LookedAt found = LookAt16(source);
-    if (found.result != ReadResult::accepted) return {.result = found.result};
-    const TiffInfo& info = found.header.info;
-    PixelReader pixels(*found.file, info, Layout16(info));
-    BitsGuess guess(valid_bits);
-    do {
-        guess.Mend();
-        if (!sink && guess.Settled()) break;
-        ScaledPass pass(guess, sink, ChannelsOf(Layout16(info)));
-        const bool begun = !sink || sink->Begin(info.width, info.height, RowOrder::top_down);
-        if (!begun || !pass.Run(pixels)) return {.result = ReadResult::write_failed};
-    } while (sink && guess.Failed());
-    guess.Mend();
-    return {.valid_bits = guess.Bits()};
 }
 
 }  // namespace pixora

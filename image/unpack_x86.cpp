@@ -153,6 +153,7 @@ std::size_t Unpack(PixelLayout layout, std::span<const std::byte> stored, std::s
         case PixelLayout::mono14:
         case PixelLayout::mono16:
         case PixelLayout::rgb16:
+        case PixelLayout::bgr8:
             break;
     }
     return 0;

@@ -32,6 +32,14 @@ PIXORA_AVX2 void ShiftDownAvx2(std::span<std::uint16_t> samples, int shift) {
 
 }  // namespace
 
+int ValidBitsOf(std::uint16_t differing) {
+    if ((differing & 0xFF) == 0) return 8;
+    if ((differing & 0x3F) == 0) return 10;
+    if ((differing & 0x0F) == 0) return 12;
+    if ((differing & 0x03) == 0) return 14;
+    return 16;
+}
+
 void ValidBitsDetector::Add(std::span<const std::uint16_t> samples) {
     if (samples.empty() || Bits() == 16) return;  // nothing can change 16 any more
     if (!has_first_) {
@@ -39,14 +47,6 @@ void ValidBitsDetector::Add(std::span<const std::uint16_t> samples) {
         first_ = samples.front();
     }
     differing_ |= HasAvx2() ? DifferingBitsAvx2(samples, first_) : DifferingBits(samples, first_);
-}
-
-int ValidBitsDetector::Bits() const {
-    if ((differing_ & 0xFF) == 0) return 8;
-    if ((differing_ & 0x3F) == 0) return 10;
-    if ((differing_ & 0x0F) == 0) return 12;
-    if ((differing_ & 0x03) == 0) return 14;
-    return 16;
 }
 
 bool ScaleToValidBits(std::span<std::uint16_t> samples, int valid_bits) {

@@ -17,15 +17,19 @@ namespace pixora {
     return static_cast<std::uint16_t>((1u << (known ? bits : 8u)) - 1u);
 }
 
-/// Finds the valid bits from the samples themselves: the lowest group of bits that never changes over the
-/// whole image is padding below the valid bits. Samples can be added in any number of pieces.
+/// The valid bits of samples: the lowest group of bits that never changes over the whole image is padding
+/// below them.
+/// @param differing  every bit in which some sample differs from another.
+/// @return 8 when none of the low 8 bits differs, else 10, 12 or 14 for the low 6, 4 or 2 bits, else 16.
+[[nodiscard]] int ValidBitsOf(std::uint16_t differing);
+
+/// Finds the valid bits from the samples themselves. Samples can be added in any number of pieces.
 class ValidBitsDetector {
 public:
     void Add(std::span<const std::uint16_t> samples);
 
-    /// @return 8 when no sample differs from the first in its low 8 bits (also without any sample), else 10,
-    /// 12 or 14 for the low 6, 4 or 2 bits, else 16.
-    [[nodiscard]] int Bits() const;
+    /// @return 8 when there was no sample at all.
+    [[nodiscard]] int Bits() const { return ValidBitsOf(differing_); }
 
 private:
     bool has_first_ = false;

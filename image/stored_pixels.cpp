@@ -1,0 +1,86 @@
+#include "image/stored_pixels.h"
+
+#include <cstring>
+
+namespace pixora {
+namespace {
+
+std::size_t Index(std::byte value) {
+    return std::to_integer<std::size_t>(value);
+}
+
+void LookUpGrey(std::span<const std::byte> indices, const Palette& palette, std::uint16_t* samples) {
+    for (const std::byte index : indices) *samples++ = palette.colours[Index(index)][0];
+}
+
+void LookUpColours(std::span<const std::byte> indices, const Palette& palette, std::uint16_t* samples) {
+    constexpr std::size_t kTriple = 3 * sizeof(std::uint16_t), kQuad = 4 * sizeof(std::uint16_t);
+    if (indices.empty()) return;
+    // The fourth sample of a colour is overwritten by the next pixel.
+    for (const std::byte index : indices.first(indices.size() - 1)) {
+        std::memcpy(samples, palette.colours[Index(index)].data(), kQuad);
+        samples += 3;
+    }
+    std::memcpy(samples, palette.colours[Index(indices.back())].data(), kTriple);
+}
+
+// Looked at in pieces, so that the loop over a piece has no way out.
+bool QuadsHaveColour(std::span<const std::byte> quads) {
+    constexpr std::size_t kPiece = 4096;
+    for (; !quads.empty(); quads = quads.subspan(std::min(kPiece, quads.size()))) {
+        std::uint32_t differing = 0;
+        for (std::size_t i = 0; i + 4 <= std::min(kPiece, quads.size()); i += 4) {
+            std::uint32_t pixel = 0;
+            std::memcpy(&pixel, &quads[i], sizeof pixel);
+            differing |= pixel ^ (pixel >> 8);
+        }
+        if ((differing & 0xFFFF) != 0) return true;
+    }
+    return false;
+}
+
+bool IndicesHaveColour(std::span<const std::byte> indices, const Palette& palette) {
+    if (palette.grey) return false;
+    for (const std::byte index : indices) {
+        const auto& colour = palette.colours[Index(index)];
+        if (colour[0] != colour[1] || colour[1] != colour[2]) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void Palette::Set(std::size_t index, std::uint8_t blue, std::uint8_t green, std::uint8_t red) {
+    colours[index] = {blue, green, red, 0};
+    levels[0][index] = blue;
+    levels[1][index] = green;
+    levels[2][index] = red;
+    grey = grey && blue == green && green == red;
+    plain = plain && grey && blue == index;
+}
+
+void DecodeStored(const StoredPixels& pixels, std::span<std::uint16_t> samples) {
+    if (pixels.palette) {
+        const auto look_up = pixels.palette->grey ? LookUpGrey : LookUpColours;
+        return look_up(pixels.bytes, *pixels.palette, samples.data());
+    }
+    if (!StoresWords(pixels.layout)) return DecodePixels(pixels.layout, pixels.bytes, samples);
+    if (pixels.bytes.empty()) return;
+    std::memcpy(samples.data(), pixels.bytes.data(), pixels.bytes.size());
+    DecodeWords(pixels.layout, samples);
+}
+
+bool HasColour(const StoredPixels& pixels) {
+    if (pixels.palette) return IndicesHaveColour(pixels.bytes, *pixels.palette);
+    switch (pixels.layout) {
+        case PixelLayout::bgr8:
+        case PixelLayout::rgb8:
+            return HasColour(pixels.bytes);
+        case PixelLayout::bgrx8:
+            return QuadsHaveColour(pixels.bytes);
+        default:
+            return false;
+    }
+}
+
+}  // namespace pixora

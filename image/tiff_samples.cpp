@@ -1,0 +1,94 @@
+// Reading the samples of a TIFF without making copies of it.
+#include "image/bits_guess.h"
+#include "image/pixel_reader.h"
+#include "image/sample_feed.h"
+#include "image/tiff_reader.h"
+#include "image/tiff_source.h"
+
+namespace pixora {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A pass over a 16-bit file that gives the scaled samples to `sink`, or only finds the valid bits. It ends as
+// soon as the guess of the valid bits proves wrong.
+class ScaledPass {
+public:
+    ScaledPass(BitsGuess& guess, SampleSink* sink, std::size_t channels)
+        : guess_(guess), sink_(sink), channels_(channels) {}
+
+    // @return false when the sink ended the reading.
+    [[nodiscard]] bool Run(PixelReader& pixels) {
+        static_cast<void>(pixels.ForEachBlock(*this));
+        if (!Ended() && seen_ < pixels.Samples()) guess_.AddMissing();
+        return !stopped_;
+    }
+
+    [[nodiscard]] static bool See(std::span<const std::byte>) { return true; }
+    void Take(std::span<std::uint16_t> samples) {
+        if (Ended()) return;
+        seen_ += samples.size();
+        if (!guess_.Add(samples) || !sink_) return;
+        static_cast<void>(ScaleToValidBits(samples, guess_.Bits()));
+        stopped_ = !sink_->Take(samples, channels_);
+    }
+    [[nodiscard]] bool Keep(std::span<const std::uint16_t>) const { return !Ended(); }
+
+private:
+    [[nodiscard]] bool Ended() const { return stopped_ || (sink_ ? guess_.Failed() : guess_.Settled()); }
+
+    BitsGuess& guess_;
+    SampleSink* sink_;
+    std::size_t channels_;
+    std::uint64_t seen_ = 0;
+    bool stopped_ = false;
+};
+
+// The valid bits come out of the words as they stand in the file.
+Tiff16Reading ReadStored16(SampleSink& sink, PixelLayout layout, PixelReader& pixels) {
+    std::uint64_t seen = 0;
+    const bool taken = pixels.ForEachStored([&](std::span<const std::byte> bytes) {
+        seen += bytes.size() / sizeof(std::uint16_t);
+        return sink.TakeStored({layout, bytes});
+    });
+    if (!taken) return {.result = ReadResult::write_failed};
+    return {.valid_bits = sink.ScaleStored(seen < pixels.Samples())};
+}
+
+}  // namespace
+
+ReadResult ReadTiffSamples(const fs::path& source, SampleSink* sink) {
+    TiffSource found = OpenTiff(source);
+    if (found.result != ReadResult::accepted || !sink) return found.result;
+    const TiffInfo& info = found.header.info;
+    const PixelLayout layout = *LayoutOf(info);
+    if (!sink->Begin(info.width, info.height, RowOrder::top_down)) return ReadResult::write_failed;
+    PixelReader pixels(*found.file, info, layout);
+    SampleFeed feed(*sink);
+    const bool taken = pixels.ForEachStored([&](std::span<const std::byte> bytes) {
+        return feed.Give({layout, bytes});
+    });
+    return taken ? ReadResult::accepted : ReadResult::write_failed;
+}
+
+Tiff16Reading ReadTiff16Samples(const fs::path& source, int valid_bits, SampleSink* sink) {
+    TiffSource found = OpenTiff16(source);
+    if (found.result != ReadResult::accepted) return {.result = found.result};
+    const TiffInfo& info = found.header.info;
+    const PixelLayout layout = Layout16(info);
+    PixelReader pixels(*found.file, info, layout);
+    BitsGuess guess(valid_bits);
+    do {
+        guess.Mend();
+        if (!sink && guess.Settled()) break;
+        const bool begun = !sink || sink->Begin(info.width, info.height, RowOrder::top_down);
+        if (begun && sink && guess.Automatic() && sink->TakesStored())
+            return ReadStored16(*sink, layout, pixels);
+        ScaledPass pass(guess, sink, ChannelsOf(layout));
+        if (!begun || !pass.Run(pixels)) return {.result = ReadResult::write_failed};
+    } while (sink && guess.Failed());
+    guess.Mend();
+    return {.valid_bits = guess.Bits()};
+}
+
+}  // namespace pixora

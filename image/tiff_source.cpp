@@ -1,0 +1,62 @@
+#include "image/tiff_source.h"
+
+#include "image/image_buffer.h"
+#include "image/tiff_reader.h"
+
+namespace pixora {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool SizeIsKept(const TiffInfo& info) {
+    return info.width <= kMaxImageSide && info.height <= kMaxImageSide;
+}
+
+// Why a file is refused by its header; the order of the checks is that of the messages' weight.
+ReadResult CheckHeader(const TiffHeader& header) {
+    const TiffInfo& info = header.info;
+    if (info.compression > 1) return ReadResult::compressed;  // also when the rest could not be read
+    if (!header.complete || info.width == 0 || info.height == 0) return ReadResult::invalid;
+    if (info.photometric == 5) return ReadResult::cmyk;
+    if (info.photometric != 1 && !info.IsColour()) return ReadResult::not_supported;
+    if (!LayoutOf(info) || !SizeIsKept(info)) return ReadResult::not_supported;
+    return ReadResult::accepted;
+}
+
+bool IsPlain16(const TiffHeader& header) {
+    const TiffInfo& info = header.info;
+    const bool known = info.photometric == 1 || info.IsColour();
+    return header.complete && known && info.compression == 1 && info.width > 0 && info.height > 0 &&
+           SizeIsKept(info) && (info.SingleBits() == 16 || info.ChannelBits() == 16);
+}
+
+bool HasPixelData(File& file, const TiffInfo& info) {
+    return info.first_strip_offset < file.Size();
+}
+
+}  // namespace
+
+TiffSource OpenTiff(const fs::path& path) {
+    TiffSource found{.file = File::OpenForReading(path), .header = {}};
+    if (!found.file) return found;
+    found.header = ReadTiffHeader(*found.file);
+    found.result = CheckHeader(found.header);
+    if (found.result == ReadResult::accepted && !HasPixelData(*found.file, found.header.info))
+        found.result = ReadResult::invalid;
+    return found;
+}
+
+TiffSource OpenTiff16(const fs::path& path) {
+    TiffSource found{.result = ReadResult::invalid, .file = File::OpenForReading(path), .header = {}};
+    if (!found.file) return found;
+    found.header = ReadTiffHeader(*found.file);
+    if (IsPlain16(found.header) && HasPixelData(*found.file, found.header.info))
+        found.result = ReadResult::accepted;
+    return found;
+}
+
+PixelLayout Layout16(const TiffInfo& info) {
+    return info.IsColour() ? PixelLayout::rgb16 : PixelLayout::mono16;
+}
+
+}  // namespace pixora
