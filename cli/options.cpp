@@ -1,21 +1,167 @@
 #include "cli/options.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <span>
-#include <utility>
 
 #include "base/utf8.h"
-#include "cli/arguments.h"
 #include "cli/concat.h"
 
 namespace pixora::cli {
 namespace {
 
-constexpr std::string_view kBits[] = {"auto", "8", "10", "12", "14", "16"};
-constexpr std::string_view kFormats[] = {"text", "csv", "json"};
-constexpr std::string_view kChannels[] = {"R", "G", "B", "RGB"};
+constexpr std::string_view kMark = "\x01";
+
+constexpr std::string_view kExitStatus =
+    "Exit status: 0 all done; 1 a file was refused, or could not be read or written; 2 wrong usage.";
+
+// The parser takes a text in brackets for a list; it must come through whole, as a name and in a complaint.
+bool LooksLikeList(std::string_view text) {
+    return text.size() >= 2 && text.front() == '[' && text.back() == ']';
+}
+std::string Protected(const std::string& text) {
+    return LooksLikeList(text) ? Concat({kMark, text}) : text;
+}
+std::string Plain(const std::string& text) {
+    return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
+}
+
+// What is typed, before it is looked at more closely.
+struct Typed {
+    std::string region, valid_bits = "auto", format = "text", channel = "RGB", out, data;
+    std::string row, column;
+
+    void TakeMarksOff() {
+        for (std::string* text : {&region, &valid_bits, &format, &channel, &out, &data, &row, &column})
+            *text = Plain(*text);
+    }
+};
+
+void AddFiles(::CLI::App& command, bool many) {
+    command.add_option("FILE", "BMP or uncompressed TIFF")
+        ->required()
+        ->expected(1, many ? ::CLI::detail::expected_max_vector_size : 1)
+        ->allow_extra_args(many)
+        ->type_name("");
+}
+
+void AddRegion(::CLI::App& command, Typed& typed) {
+    command.add_option("--region", typed.region, "inclusive, in image pixels; default the whole image")
+        ->type_name("L,T,R,B");
+}
+
+void AddValidBits(::CLI::App& command, Typed& typed) {
+    command
+        .add_option("--valid-bits", typed.valid_bits,
+                    "upper bits of a 16-bit sample that carry signal (default: found from the samples)")
+        ->type_name("auto|8|10|12|14|16");
+}
+
+void AddFormat(::CLI::App& command, Typed& typed) {
+    command.add_option("--format", typed.format, "form of the results (default: text)")
+        ->type_name("text|csv|json");
+}
+
+void AddChannel(::CLI::App& command, Typed& typed) {
+    command.add_option("--channel", typed.channel, "of a colour image (default: RGB)")
+        ->type_name("R|G|B|RGB");
+}
+
+void AddOut(::CLI::App& command, Typed& typed, const char* what, const char* type) {
+    command.add_option("--out", typed.out, what)->required()->type_name(type);
+}
+
+void AddInfo(::CLI::App& info, Typed& typed) {
+    AddFiles(info, true);
+    AddValidBits(info, typed);
+    AddFormat(info, typed);
+}
+
+void AddStats(::CLI::App& stats, Typed& typed) {
+    AddFiles(stats, true);
+    AddRegion(stats, typed);
+    AddValidBits(stats, typed);
+    AddFormat(stats, typed);
+}
+
+void AddHistogram(::CLI::App& histogram, Typed& typed) {
+    AddFiles(histogram, false);
+    AddOut(histogram, typed, "the file to write", "CSV");
+    AddChannel(histogram, typed);
+    AddRegion(histogram, typed);
+    AddValidBits(histogram, typed);
+}
+
+void AddProfile(::CLI::App& profile, Typed& typed) {
+    AddFiles(profile, false);
+    profile.add_option("--row", typed.row, "the row, from 0 at the top")->type_name("N");
+    profile.add_option("--column", typed.column, "the column, from 0 at the left")->type_name("N");
+    AddOut(profile, typed, "the file to write", "CSV");
+    AddChannel(profile, typed);
+    AddRegion(profile, typed);
+    AddValidBits(profile, typed);
+}
+
+void AddSaveRegion(::CLI::App& save, Typed& typed) {
+    AddFiles(save, false);
+    AddRegion(save, typed);
+    save.get_option("--region")->required()->description("inclusive, in image pixels");
+    AddOut(save, typed, "the file to write; .tif or .tiff chooses TIFF, anything else BMP", "PATH");
+}
+
+void AddConvert(::CLI::App& convert, Typed& typed) {
+    AddFiles(convert, false);
+    convert.add_option("--display", typed.out, "24-bit picture")->required()->type_name("OUT.bmp");
+    convert.add_option("--data", typed.data, "samples of a 16-bit TIFF, scaled to their valid bits")
+        ->type_name("OUT.bin");
+    AddValidBits(convert, typed);
+}
+
+struct CommandForm {
+    Command command;
+    std::string_view name, what, example;
+    void (*add_options)(::CLI::App&, Typed&);
+};
+
+constexpr CommandForm kCommands[] = {
+    {Command::info, "info", "Tell the format facts of images", "info *.tif --format json", AddInfo},
+    {Command::stats, "stats", "Measure minimum, maximum, mean and deviation",
+     "stats flat.tif --region 10,10,109,59 --format csv", AddStats},
+    {Command::histogram, "histogram", "Write the histogram of an image",
+     "histogram flat.tif --out flat.csv --channel G", AddHistogram},
+    {Command::profile, "profile", "Write the samples along a row or a column",
+     "profile edge.tif --row 120 --out edge.csv", AddProfile},
+    {Command::save_region, "save-region", "Save a part of an image as a file of its own",
+     "save-region chart.tif --region 0,0,99,99 --out patch.tif", AddSaveRegion},
+    {Command::convert, "convert", "Write the copies of an image that a viewer works with",
+     "convert raw.tif --display raw.bmp --data raw.bin", AddConvert},
+};
+
+void AddCommands(::CLI::App& program, Typed& typed) {
+    for (const CommandForm& form : kCommands) {
+        ::CLI::App& command = *program.add_subcommand(std::string(form.name), std::string(form.what));
+        command.footer(Concat({"Example: pixora-cli ", form.example}));
+        command.allow_windows_style_options(false);
+        form.add_options(command, typed);
+    }
+}
+
+// Wrong usage that the parser itself does not see.
+struct Wrong {
+    std::string what;
+};
+
+template <std::size_t kCount>
+int ChoiceOf(std::string_view option, const std::string& typed,
+             const std::array<std::string_view, kCount>& choices) {
+    const auto found = std::ranges::find(choices, std::string_view(typed));
+    if (found != choices.end()) return static_cast<int>(found - choices.begin());
+    std::string what = std::string(option) + " takes ";
+    for (std::size_t i = 0; i < kCount; ++i)
+        what += (i == 0 ? "" : i + 1 < kCount ? ", " : " or ") + std::string(choices[i]);
+    throw Wrong{what + ", not \"" + typed + "\""};
+}
 
 // @return nothing when no plain number of at most nine digits stands there.
 std::optional<int> ParseNumber(std::string_view text) {
@@ -27,99 +173,62 @@ std::optional<int> ParseNumber(std::string_view text) {
     return value;
 }
 
-// "--format takes text, csv or json, not "xml"".
-std::string ChoicesText(std::string_view option, std::span<const std::string_view> choices,
-                        std::string_view typed) {
-    std::string what = Concat({"--", option, " takes "});
-    for (std::size_t i = 0; i < choices.size(); ++i)
-        what += Concat({i == 0 ? "" : i + 1 < choices.size() ? ", " : " or ", choices[i]});
-    return Concat({what, ", not \"", typed, "\""});
+void TakeLine(const ::CLI::App& command, const Typed& typed, Options& options) {
+    const bool row = command.count("--row") > 0, column = command.count("--column") > 0;
+    if (row == column) throw Wrong{"either --row or --column must be given"};
+    const std::string& text = row ? typed.row : typed.column;
+    const std::optional<int> line = ParseNumber(text);
+    if (!line)
+        throw Wrong{std::string(row ? "--row" : "--column") + " takes a whole number, not \"" + text + "\""};
+    options.kind = row ? ProfileKind::horizontal : ProfileKind::vertical;
+    options.line = *line;
 }
 
-// Looks closely at what was given for each option. Every step says whether to go on.
-class OptionTaker {
-public:
-    explicit OptionTaker(Call call) : call_(std::move(call)) { options_.command = call_.form->command; }
-
-    std::variant<Options, Reply> Take() {
-        const bool taken =
-            TakeFiles() && TakeRegion() && TakeValidBits() && TakeFormat() && TakeChannel() && TakeLine();
-        if (!taken) return Complaint(wrong_);
-        options_.out = call_.Value("out").value_or(call_.Value("display").value_or(""));
-        options_.data = call_.Value("data").value_or("");
-        return std::move(options_);
+Options TakeOptions(const ::CLI::App& program, const Typed& typed) {
+    constexpr std::array<std::string_view, 6> kBits = {"auto", "8", "10", "12", "14", "16"};
+    constexpr std::array<std::string_view, 3> kFormats = {"text", "csv", "json"};
+    constexpr std::array<std::string_view, 4> kChannels = {"R", "G", "B", "RGB"};
+    const ::CLI::App& command = *program.get_subcommands().front();
+    Options options;
+    options.command = std::ranges::find(kCommands, command.get_name(), &CommandForm::name)->command;
+    for (const std::string& file : command.get_option("FILE")->results())
+        options.files.push_back(Plain(file));
+    if (std::ranges::count(options.files, "") > 0) throw Wrong{"the name of a file is empty"};
+    const bool has_region = !command
+                                 .get_options([](const ::CLI::Option* option) {
+                                     return option->check_lname("region") && option->count() > 0;
+                                 })
+                                 .empty();
+    if (has_region) {
+        options.region = ParseRegion(typed.region);
+        if (!options.region)
+            throw Wrong{"--region takes left,top,right,bottom in pixels, not \"" + typed.region + "\""};
     }
-
-private:
-    bool Refuse(std::string what) {
-        wrong_ = std::move(what);
-        return false;
+    if (ChoiceOf("--valid-bits", typed.valid_bits, kBits) != 0) {
+        options.valid_bits = WideFromUtf8(typed.valid_bits);
+        options.auto_bit = L"OFF";
     }
+    options.format = static_cast<Format>(ChoiceOf("--format", typed.format, kFormats));
+    options.channel = kRed + ChoiceOf("--channel", typed.channel, kChannels);
+    if (options.command == Command::profile) TakeLine(command, typed, options);
+    options.out = typed.out;
+    options.data = typed.data;
+    return options;
+}
 
-    bool TakeFiles() {
-        options_.files = std::move(call_.files);
-        return std::ranges::count(options_.files, "") == 0 || Refuse("the name of a file is empty");
-    }
+// Said when no command was found.
+std::string NoCommandText(const std::string& first) {
+    if (first.empty()) return "a command is missing";
+    return Concat({"there is no ", first.front() == '-' ? "option " : "command ", first});
+}
 
-    bool TakeRegion() {
-        const auto typed = call_.Value("region");
-        if (!typed) return true;
-        options_.region = ParseRegion(*typed);
-        return options_.region ||
-               Refuse(Concat({"--region takes left,top,right,bottom in pixels, not \"", *typed, "\""}));
-    }
-
-    // The place of what was given among the choices; `usual` without the option.
-    bool TakeChoice(std::string_view option, std::span<const std::string_view> choices, int usual,
-                    int& choice) {
-        choice = usual;
-        const auto typed = call_.Value(option);
-        if (!typed) return true;
-        const auto found = std::ranges::find(choices, *typed);
-        choice = static_cast<int>(found - choices.begin());
-        return found != choices.end() || Refuse(ChoicesText(option, choices, *typed));
-    }
-
-    bool TakeValidBits() {
-        int choice = 0;
-        if (!TakeChoice("valid-bits", kBits, 0, choice)) return false;
-        if (choice == 0) return true;
-        options_.valid_bits = WideFromUtf8(kBits[choice]);
-        options_.auto_bit = L"OFF";
-        return true;
-    }
-
-    bool TakeFormat() {
-        int choice = 0;
-        const bool taken = TakeChoice("format", kFormats, 0, choice);
-        options_.format = static_cast<Format>(choice);
-        return taken;
-    }
-
-    bool TakeChannel() {
-        int choice = 0;
-        const bool taken = TakeChoice("channel", kChannels, kAllChannels - kRed, choice);
-        options_.channel = kRed + choice;
-        return taken;
-    }
-
-    bool TakeLine() {
-        if (options_.command != Command::profile) return true;
-        const auto row = call_.Value("row"), column = call_.Value("column");
-        if (row.has_value() == column.has_value()) return Refuse("either --row or --column must be given");
-        const std::string_view text = row ? *row : *column;
-        const std::optional<int> line = ParseNumber(text);
-        if (!line)
-            return Refuse(Concat({row ? "--row" : "--column", " takes a whole number, not \"", text, "\""}));
-        options_.kind = row ? ProfileKind::horizontal : ProfileKind::vertical;
-        options_.line = *line;
-        return true;
-    }
-
-    Call call_;
-    Options options_;
-    std::string wrong_;
-};
+// Said of arguments that belong to nothing; options are named before what may have been their values.
+std::string ExtraText(const std::vector<std::string>& extras) {
+    const auto option =
+        std::ranges::find_if(extras, [](const std::string& extra) { return extra.starts_with('-'); });
+    if (option != extras.end()) return Concat({"the command has no option ", *option});
+    return Concat({"there is no place for \"", extras.empty() ? std::string() : Plain(extras.front()), "\""});
+}
 
 }  // namespace
 
@@ -144,9 +253,39 @@ std::optional<Region> ParseRegion(std::string_view text) {
 }
 
 std::variant<Options, Reply> ParseOptions(std::vector<std::string> arguments) {
-    std::variant<Call, Reply> read = ReadArguments(std::move(arguments));
-    if (Reply* reply = std::get_if<Reply>(&read)) return std::move(*reply);
-    return OptionTaker(std::get<Call>(std::move(read))).Take();
+    Typed typed;
+    ::CLI::App program("Reads and measures the images of a camera: BMP and uncompressed TIFF files.",
+                       "pixora-cli");
+    program.allow_windows_style_options(false);
+    program.set_version_flag("--version", "pixora-cli " PIXORA_VERSION);
+    program.require_subcommand(1);
+    program.footer(
+        std::string("pixora-cli COMMAND --help tells more. A name that begins with a dash goes after --.\n") +
+        std::string(kExitStatus) + "\nExample: pixora-cli stats *.tif --format json");
+    AddCommands(program, typed);
+    const std::string first = arguments.empty() ? std::string() : arguments.front();
+    std::ranges::reverse(arguments);  // as the parser takes them
+    std::ranges::transform(arguments, arguments.begin(), Protected);
+    try {
+        program.parse(arguments);
+        typed.TakeMarksOff();
+        return TakeOptions(program, typed);
+    } catch (const ::CLI::CallForVersion& call) {
+        return Reply{std::string(call.what()) + "\n"};
+    } catch (const ::CLI::CallForHelp&) {
+        const auto commands = program.get_subcommands();
+        return Reply{commands.empty() ? program.help() : commands.front()->help("pixora-cli")};
+    } catch (const ::CLI::ParseError& error) {
+        const auto commands = program.get_subcommands();
+        std::string what = error.what();
+        if (commands.empty())
+            what = NoCommandText(first);
+        else if (error.get_exit_code() == static_cast<int>(::CLI::ExitCodes::ExtrasError))
+            what = ExtraText(commands.front()->remaining());
+        return Reply{UsageLine(what) + "Try pixora-cli --help.\n", true};
+    } catch (const Wrong& wrong) {
+        return Reply{UsageLine(wrong.what) + "Try pixora-cli --help.\n", true};
+    }
 }
 
 }  // namespace pixora::cli

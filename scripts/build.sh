@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2034  # the lists are for the scripts that source this
 # Functions to install what is missing and to build a preset; to be sourced by bash in the project's root folder.
 
-PACKAGES_WINDOWS=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix doctest-dev rapidjson-dev wine wine64
+PACKAGES_WINDOWS=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix doctest-dev libcli11-dev rapidjson-dev wine wine64
     fonts-wine fonts-ipafont-gothic)
 PACKAGES_SCREEN=(xvfb openbox imagemagick xdotool x11-utils)
 LOGS=build/logs
