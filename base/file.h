@@ -12,12 +12,9 @@
 #include <string>
 #include <string_view>
 
-namespace pixora {
+#include "base/block_memory.h"
 
-/// How much is read or written at a time: large enough that the calls cost nothing, small enough to stay in
-/// the processor's cache between reading, converting and writing. A whole number of pages, and of the 2, 3,
-/// 4, 6 and 9 bytes that pixels take.
-inline constexpr std::size_t kBlockBytes = std::size_t{63} * 4096;
+namespace pixora {
 
 /// An open binary file; closed with its owner. Not buffered: callers pass whole blocks.
 class File {
@@ -72,9 +69,8 @@ template <typename Consume>
 [[nodiscard]] bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume consume) {
     const std::uint64_t largest = std::max<std::size_t>(1, kBlockBytes / unit) * unit;
     const auto size = static_cast<std::size_t>(std::min(largest, total));
-    const auto memory =
-        std::make_unique_for_overwrite<std::byte[]>(size);  // pages that nothing fills cost nothing
-    const std::span block(memory.get(), size);
+    BlockMemory memory(size);
+    const std::span block = memory.All();
     for (std::uint64_t done = 0; done < total;) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, total - done));
         const auto [got, whole] = file.ReadUnits(block.first(wanted), unit);

@@ -39,15 +39,6 @@ bool QuadsHaveColour(std::span<const std::byte> quads) {
     return false;
 }
 
-bool IndicesHaveColour(std::span<const std::byte> indices, const Palette& palette) {
-    if (palette.grey) return false;
-    for (const std::byte index : indices) {
-        const auto& colour = palette.colours[Index(index)];
-        if (colour[0] != colour[1] || colour[1] != colour[2]) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 void Palette::Set(std::size_t index, std::uint8_t blue, std::uint8_t green, std::uint8_t red) {
@@ -55,7 +46,8 @@ void Palette::Set(std::size_t index, std::uint8_t blue, std::uint8_t green, std:
     levels[0][index] = blue;
     levels[1][index] = green;
     levels[2][index] = red;
-    grey = grey && blue == green && green == red;
+    if (blue != green || green != red) coloured.Insert(static_cast<std::uint8_t>(index));
+    grey = coloured.IsEmpty();
     plain = plain && grey && blue == index;
 }
 
@@ -71,7 +63,7 @@ void DecodeStored(const StoredPixels& pixels, std::span<std::uint16_t> samples) 
 }
 
 bool HasColour(const StoredPixels& pixels) {
-    if (pixels.palette) return IndicesHaveColour(pixels.bytes, *pixels.palette);
+    if (pixels.palette) return pixels.palette->coloured.HasAnyOf(pixels.bytes);
     switch (pixels.layout) {
         case PixelLayout::bgr8:
         case PixelLayout::rgb8:

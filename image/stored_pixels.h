@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "image/byte_set.h"
 #include "image/pixels.h"
 
 namespace pixora {
@@ -18,6 +19,7 @@ struct Palette {
     std::array<std::array<std::uint16_t, 4>, 256> colours{};
     /// The same by channel, without the zeros.
     std::array<std::array<std::uint8_t, 256>, 3> levels{};
+    ByteSet coloured;   ///< the bytes that stand for colours whose channels differ
     bool grey = true;   ///< in every colour the channels are equal
     bool plain = true;  ///< each byte stands for itself
 

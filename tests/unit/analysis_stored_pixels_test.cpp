@@ -245,6 +245,22 @@ TEST_CASE("counts beyond the last bin go to it, and channels without bins get no
     CHECK(counts[0][255] == 7);
 }
 
+TEST_CASE("a set of bytes knows each of its members among many others") {
+    for (int member = 0; member < 256; ++member) {
+        CAPTURE(member);
+        ByteSet set;
+        CHECK(set.IsEmpty());
+        set.Insert(static_cast<std::uint8_t>(member));
+        CHECK_FALSE(set.IsEmpty());
+        for (int value = 0; value < 256; ++value) {
+            std::vector<std::byte> bytes(4096, static_cast<std::byte>(member ^ 0x80));
+            bytes[100] = static_cast<std::byte>(value);
+            if (set.HasAnyOf(bytes) != (value == member)) FAIL_CHECK(value);
+            if (set.Has(static_cast<std::uint8_t>(value)) != (value == member)) FAIL_CHECK(value);
+        }
+    }
+}
+
 TEST_CASE("colour is found in the pixels that are there") {
     Palette palette;
     for (std::size_t i = 0; i < 256; ++i) palette.Set(i, 1, 1, i == 9 ? 2 : 1);
@@ -261,6 +277,13 @@ TEST_CASE("colour is found in the pixels that are there") {
     CHECK(has(PixelLayout::bgrx8, {4, 4, 5, 5}));
     CHECK_FALSE(has(PixelLayout::mono8, {1, 2, 3}, &palette));
     CHECK(has(PixelLayout::mono8, {1, 9, 3}, &palette));
+    for (const std::size_t place :
+         {std::size_t{0}, std::size_t{4095}, std::size_t{4096}, std::size_t{9000}}) {
+        std::vector<int> indices(9001, 200);
+        CHECK_FALSE(has(PixelLayout::mono8, indices, &palette));
+        indices[place] = 9;
+        CHECK(has(PixelLayout::mono8, indices, &palette));
+    }
     std::vector<int> many(4 * 5000, 7);
     CHECK_FALSE(has(PixelLayout::bgrx8, many));
     many[4 * 4999] = 8;
