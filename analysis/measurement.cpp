@@ -1,7 +1,6 @@
 #include "analysis/measurement.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "analysis/channel.h"
 #include "analysis/sample_sums.h"
@@ -84,15 +83,6 @@ void CountGrey(const std::uint16_t* pixel, std::size_t pixels, std::uint32_t* ta
     if (pixels % 2 != 0) ++tables[pixel[0]];
 }
 
-/// One sample a pixel.
-void CountSingle(const std::uint16_t* sample, std::size_t samples, std::uint32_t* tables) {
-    for (const std::uint16_t* const end = sample + samples / 2 * 2; sample != end; sample += 2) {
-        ++tables[sample[0]];
-        ++tables[kTableStride + sample[1]];
-    }
-    if (samples % 2 != 0) ++tables[*sample];
-}
-
 /// Makes the histogram of one channel from its table.
 void TakeCounts(const std::uint32_t* table, std::vector<std::uint32_t>& counts) {
     std::copy_n(table, counts.size(), counts.begin());
@@ -171,40 +161,6 @@ void Measure(const SampleImage& image, const Region& region, Measurement& result
         all.Add(sums);
     }
     if (image.colour) result.statistics[3] = StatisticsOf(all);
-}
-
-void SampleCounter::Prepare() {
-    if (tables_.empty()) tables_.assign(kColourTables * kTableStride, 0);
-}
-
-void SampleCounter::Add(std::span<const std::uint16_t> samples, std::size_t channels) {
-    Prepare();
-    single_ = channels == 1;
-    if (single_)
-        CountSingle(samples.data(), samples.size(), tables_.data());
-    else
-        CountColour(samples.data(), samples.size() / 3, tables_.data());
-}
-
-void SampleCounter::AddZeros(std::uint64_t pixels) {
-    Prepare();
-    const std::size_t places = single_ ? 1 : kColourTables;
-    for (std::size_t place = 0; place < places; ++place)
-        tables_[place * kTableStride] += static_cast<std::uint32_t>(pixels);
-}
-
-HistogramCounts SampleCounter::Counts(bool colour, std::uint32_t bits) const {
-    HistogramCounts counts;
-    for (std::size_t place = 0; place < (colour ? kColourTables : 1); ++place) {
-        counts[place].assign(BinCount(bits), 0);
-        if (tables_.empty()) continue;
-        TakeCounts(tables_.data() + place * kTableStride, counts[place]);
-    }
-    if (!single_ || tables_.empty()) return counts;
-    std::vector<std::uint32_t> second(BinCount(bits), 0);
-    TakeCounts(tables_.data() + kTableStride, second);
-    std::ranges::transform(counts[0], second, counts[0].begin(), std::plus<>());
-    return counts;
 }
 
 std::size_t StatisticsSlot(int channel) {

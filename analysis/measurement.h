@@ -50,26 +50,6 @@ struct Measurement {
 /// bin count in the last bin. Reuses the memory of `result`, so that measuring again allocates nothing.
 void Measure(const SampleImage& image, const Region& region, Measurement& result);
 
-/// Counts samples that come in pieces, for a histogram without the whole image at hand.
-class SampleCounter {
-public:
-    /// Forgets what came before.
-    void Begin() { tables_.clear(); }
-    /// @param channels  samples a pixel: 1, or 3 in the order blue, green, red; the same for the whole image.
-    /// May throw when there is no memory, as AddZeros().
-    void Add(std::span<const std::uint16_t> samples, std::size_t channels);
-    /// As many black pixels.
-    void AddZeros(std::uint64_t pixels);
-    /// As Measure() counts. @param colour  of the image; a grey one may have come as three channels.
-    [[nodiscard]] HistogramCounts Counts(bool colour, std::uint32_t bits) const;
-
-private:
-    void Prepare();
-
-    std::vector<std::uint32_t> tables_;  // none until something is counted
-    bool single_ = false;                // one sample a pixel: the tables were used in turn
-};
-
 /// The slot of the statistics for a channel selector: 0 grey, 1 red, 2 green, 3 blue, 4 all three. Of any
 /// other selector it is slot 0.
 [[nodiscard]] std::size_t StatisticsSlot(int channel);

@@ -102,6 +102,8 @@ std::uint16_t StoredCounts::DifferingBits(bool zeros_follow) const {
 }
 
 void StoredCounts::AddTo(HistogramCounts& counts) const {
+    for (std::vector<std::uint32_t>& bins : counts)
+        if (!bins.empty()) bins[0] += static_cast<std::uint32_t>(zeros_);
     if (period_ == 0) return;
     if (StoresBytes(layout_))
         AddBytesTo(counts);

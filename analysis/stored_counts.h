@@ -19,6 +19,8 @@ class StoredCounts {
 public:
     /// @param pixels  of the same layout and palette each time. May throw when there is no memory.
     void Add(const StoredPixels& pixels);
+    /// As many black pixels.
+    void AddZeros(std::uint64_t pixels) { zeros_ += pixels; }
 
     /// The bits in which samples of 16-bit words differ from one another, and from zeros if any follow.
     [[nodiscard]] std::uint16_t DifferingBits(bool zeros_follow) const;
@@ -45,6 +47,7 @@ private:
     std::size_t period_ = 0;             // word i is counted in table i % period_; 0 before the first pixels
     ZeroedArray<std::uint32_t> tables_;  // each has a bin for every word
     std::array<ByteCounts, 4> odd_{};    // bytes without a second one, by their channel
+    std::uint64_t zeros_ = 0;
     int shift_ = 0;
     std::vector<std::uint16_t> decoded_;
 };

@@ -44,6 +44,10 @@ void StoredSums::AddDecoded(const StoredPixels& pixels) {
     }));
 }
 
+void StoredSums::AddZeros(std::uint64_t pixels) {
+    for (SampleSums& channel : channels_) channel.Add(0, pixels);
+}
+
 std::uint16_t StoredSums::DifferingBits(bool zeros_follow) const {
     return zeros_follow ? differing_ | first_.value_or(0) : differing_;
 }

@@ -15,7 +15,9 @@ namespace pixora {
 class StoredSums {
 public:
     /// @param pixels  of the same layout and palette each time.
-    void Add(const StoredPixels& pixels);
+    void Add(const StoredPixels& pixels);  /// As many black pixels.
+    void AddZeros(std::uint64_t pixels);
+
     /// The channels by their places: 0 blue, 1 green, 2 red; grey 0 alone.
     [[nodiscard]] const std::array<SampleSums, 3>& Channels() const { return channels_; }
     /// The bits in which samples of 16-bit words differ from the first one, and also zeros if any follow.

@@ -204,6 +204,7 @@ std::size_t AddRounds(const StoredPixels& pixels, ChannelSums& sums, WordBits& b
             done = AddThirds<SmallWordLanes, Packed12>(pixels.bytes, thirds, bits);
             break;
         case PixelLayout::rgb16:
+        case PixelLayout::bgr16:
             done = AddThirds<WordLanes, AsStored>(pixels.bytes, thirds, bits);
             break;
         case PixelLayout::rgb8:

@@ -29,65 +29,59 @@ void RegionSink::Complete() {}  // the memory was zero before
 
 bool SumSink::Start() {
     sums_ = {};
-    stored_ = {};
     return true;
 }
 
 void SumSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t, std::size_t) {
-    if (channels == 1)
-        AddSamples(run, sums_[0]);
-    else
-        AddTriples(run, sums_);
-}
-
-void SumSink::Complete() {
-    SkipToEnd([&](std::size_t, std::size_t column) {
-        for (SampleSums& sums : sums_) sums.Add(0, Width() - column);
-    });
+    sums_.Add(SamplesAsStored(run, channels));
 }
 
 int SumSink::ScaleStored(bool zeros_follow) {
-    const int bits = ValidBitsOf(stored_.DifferingBits(zeros_follow));
-    stored_.DropLowBits(16 - bits);
+    const int bits = ValidBitsOf(sums_.DifferingBits(zeros_follow));
+    sums_.DropLowBits(16 - bits);
     return bits;
 }
 
+void SumSink::Complete() {
+    SkipToEnd([&](std::size_t, std::size_t column) { sums_.AddZeros(Width() - column); });
+}
+
 StatisticsRecord SumSink::Statistics(bool colour) const {
+    const std::array<SampleSums, 3>& channels = sums_.Channels();
     StatisticsRecord record{};
     SampleSums all;
-    for (std::size_t place = 0; place < (colour ? sums_.size() : 1); ++place) {
-        SampleSums sums = sums_[place];
-        sums.Add(stored_.Channels()[place]);
-        record[place] = StatisticsOf(sums);
-        all.Add(sums);
+    for (std::size_t place = 0; place < (colour ? channels.size() : 1); ++place) {
+        record[place] = StatisticsOf(channels[place]);
+        all.Add(channels[place]);
     }
     if (colour) record[3] = StatisticsOf(all);
     return record;
 }
 
 bool CountSink::Start() {
-    counter_.Begin();
-    stored_ = {};
+    counts_ = {};
     return true;
 }
 
 void CountSink::Keep(std::span<const std::uint16_t> run, std::size_t channels, std::size_t, std::size_t) {
-    counter_.Add(run, channels);
+    counts_.Add(SamplesAsStored(run, channels));
 }
 
 int CountSink::ScaleStored(bool zeros_follow) {
-    const int bits = ValidBitsOf(stored_.DifferingBits(zeros_follow));
-    stored_.DropLowBits(16 - bits);
+    const int bits = ValidBitsOf(counts_.DifferingBits(zeros_follow));
+    counts_.DropLowBits(16 - bits);
     return bits;
 }
 
 void CountSink::Complete() {
-    SkipToEnd([&](std::size_t, std::size_t column) { counter_.AddZeros(Width() - column); });
+    SkipToEnd([&](std::size_t, std::size_t column) { counts_.AddZeros(Width() - column); });
 }
 
 HistogramCounts CountSink::Counts(bool colour, std::uint32_t bits) const {
-    HistogramCounts counts = counter_.Counts(colour, bits);
-    stored_.AddTo(counts);
+    HistogramCounts counts;
+    for (std::size_t place = 0; place < (colour ? counts.size() : 1); ++place)
+        counts[place].assign(BinCount(bits), 0);
+    counts_.AddTo(counts);
     return counts;
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "analysis/measurement.h"
-#include "analysis/sample_sums.h"
 #include "analysis/stored_counts.h"
 #include "analysis/stored_sums.h"
 #include "cli/part_sink.h"
@@ -38,10 +37,9 @@ private:
               std::size_t column) override;
 
     bool KeepsStored() const override { return true; }
-    void KeepStored(const StoredPixels& pixels) override { stored_.Add(pixels); }
+    void KeepStored(const StoredPixels& pixels) override { sums_.Add(pixels); }
 
-    std::array<SampleSums, 3> sums_;  // of decoded samples
-    StoredSums stored_;
+    StoredSums sums_;
 };
 
 /// Counts how often each value occurs; keeps no samples.
@@ -58,10 +56,9 @@ private:
               std::size_t column) override;
 
     bool KeepsStored() const override { return true; }
-    void KeepStored(const StoredPixels& pixels) override { stored_.Add(pixels); }
+    void KeepStored(const StoredPixels& pixels) override { counts_.Add(pixels); }
 
-    SampleCounter counter_;  // of decoded samples
-    StoredCounts stored_;
+    StoredCounts counts_;
 };
 
 }  // namespace pixora::cli

@@ -80,6 +80,7 @@ void DecodePixels(PixelLayout layout, std::span<const std::byte> stored, std::sp
         case PixelLayout::mono16:
         case PixelLayout::rgb16:
         case PixelLayout::bgr8:
+        case PixelLayout::bgr16:
             break;
     }
 }

@@ -18,6 +18,7 @@ enum class PixelLayout {
     rgb12,   ///< two pixels in nine bytes, packed like mono12
     rgb16,   ///< three 16-bit words a pixel: red, green, blue
     bgr8,    ///< three bytes a pixel: blue, green, red
+    bgr16,   ///< three 16-bit words a pixel: blue, green, red
     bgrx8,   ///< four bytes a pixel: blue, green, red, not used
 };
 
@@ -42,6 +43,7 @@ struct PixelUnit {
         case PixelLayout::rgb12:
             return {9, 2};
         case PixelLayout::rgb16:
+        case PixelLayout::bgr16:
             return {6, 1};
         case PixelLayout::bgrx8:
             return {4, 1};

@@ -43,6 +43,12 @@ struct StoredPixels {
     }
 };
 
+/// Samples as if a file stored them: grey, or blue, green and red.
+[[nodiscard]] inline StoredPixels SamplesAsStored(std::span<const std::uint16_t> samples,
+                                                  std::size_t channels) {
+    return {channels == 1 ? PixelLayout::mono16 : PixelLayout::bgr16, std::as_bytes(samples)};
+}
+
 /// Decodes pixels.
 /// @param samples  Channels() for each pixel, colour as blue, green, red; without any scaling.
 void DecodeStored(const StoredPixels& pixels, std::span<std::uint16_t> samples);

@@ -154,6 +154,7 @@ std::size_t Unpack(PixelLayout layout, std::span<const std::byte> stored, std::s
         case PixelLayout::mono16:
         case PixelLayout::rgb16:
         case PixelLayout::bgr8:
+        case PixelLayout::bgr16:
             break;
     }
     return 0;

@@ -12,9 +12,10 @@ using namespace pixora;
 
 namespace {
 
-constexpr PixelLayout kLayouts[] = {
-    PixelLayout::mono8, PixelLayout::mono10, PixelLayout::mono12, PixelLayout::mono14, PixelLayout::mono16,
-    PixelLayout::rgb8,  PixelLayout::rgb12,  PixelLayout::rgb16,  PixelLayout::bgr8,   PixelLayout::bgrx8};
+constexpr PixelLayout kLayouts[] = {PixelLayout::mono8,  PixelLayout::mono10, PixelLayout::mono12,
+                                    PixelLayout::mono14, PixelLayout::mono16, PixelLayout::rgb8,
+                                    PixelLayout::rgb12,  PixelLayout::rgb16,  PixelLayout::bgr8,
+                                    PixelLayout::bgr16,  PixelLayout::bgrx8};
 
 enum class Fill { noise, zeros, ones, one_low_bit };
 
@@ -76,6 +77,9 @@ std::vector<std::uint16_t> Plain(const StoredPixels& pixels) {
                 break;
             case PixelLayout::rgb16:
                 channels(word, 3 * i + 2, 3 * i + 1, 3 * i);
+                break;
+            case PixelLayout::bgr16:
+                channels(word, 3 * i, 3 * i + 1, 3 * i + 2);
                 break;
             case PixelLayout::bgr8:
                 channels(at, 3 * i, 3 * i + 1, 3 * i + 2);
@@ -240,9 +244,14 @@ TEST_CASE("counts beyond the last bin go to it, and channels without bins get no
     counted.AddTo(counts);
     CHECK(counts[0][255] == 7);
     CHECK(counts[1].empty());
+    counts = Bins(3, 256);
     StoredCounts nothing;
+    nothing.AddZeros(3);
     nothing.AddTo(counts);
-    CHECK(counts[0][255] == 7);
+    for (std::size_t place = 0; place < 3; ++place) CHECK(counts[place][0] == 3);
+    StoredSums zeros;
+    zeros.AddZeros(4);
+    CHECK(zeros.Channels()[2] == SampleSums{.count = 4, .values = 0, .squares = 0, .min = 0, .max = 0});
 }
 
 TEST_CASE("a set of bytes knows each of its members among many others") {
