@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kMark = "\x01";
 
+constexpr std::string_view kVersionFlag = "--version", kVersionText = "pixora-cli " PIXORA_VERSION;
 constexpr std::string_view kExitStatus =
     "Exit status: 0 all done; 1 a file was refused, or could not be read or written; 2 wrong usage.";
 
@@ -138,13 +139,51 @@ constexpr CommandForm kCommands[] = {
      "convert raw.tif --display raw.bmp --data raw.bin", AddConvert},
 };
 
-void AddCommands(::CLI::App& program, Typed& typed) {
+bool IsCommand(std::string_view text) {
+    return std::ranges::count(kCommands, text, &CommandForm::name) > 0;
+}
+
+// A call that begins with a command can have no other one, so that one alone is made for it.
+void AddCommands(::CLI::App& program, std::string_view first, Typed& typed) {
+    const bool named = IsCommand(first);
     for (const CommandForm& form : kCommands) {
+        if (named && form.name != first) continue;
         ::CLI::App& command = *program.add_subcommand(std::string(form.name), std::string(form.what));
         command.footer(Concat({"Example: pixora-cli ", form.example}));
         command.allow_windows_style_options(false);
         form.add_options(command, typed);
     }
+}
+
+void MakeProgram(::CLI::App& program, std::string_view first, Typed& typed) {
+    program.allow_windows_style_options(false);
+    program.set_version_flag(std::string(kVersionFlag), std::string(kVersionText));
+    program.require_subcommand(1);
+    program.footer(
+        std::string("pixora-cli COMMAND --help tells more. A name that begins with a dash goes after --.\n") +
+        std::string(kExitStatus) + "\nExample: pixora-cli stats *.tif --format json");
+    AddCommands(program, first, typed);
+}
+
+Reply VersionReply() {
+    return {Concat({kVersionText, "\n"})};
+}
+
+Reply HelpReply(const ::CLI::App& program, const ::CLI::App* command) {
+    return {command ? command->help("pixora-cli") : program.help()};
+}
+
+// The answer to a call that asks for nothing else. The parser throws its answers, and the first throw takes
+// twice as long as all the rest of such a call.
+std::optional<Reply> PlainAnswer(const ::CLI::App& program, const std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments.size() > 2) return std::nullopt;
+    const std::string &first = arguments.front(), &last = arguments.back();
+    const bool alone = arguments.size() == 1;
+    if (alone && last == kVersionFlag) return VersionReply();
+    if (last != "--help" && last != "-h") return std::nullopt;
+    if (alone) return HelpReply(program, nullptr);
+    if (!IsCommand(first)) return std::nullopt;
+    return HelpReply(program, program.get_subcommand(first));
 }
 
 // Wrong usage that the parser itself does not see.
@@ -256,25 +295,20 @@ std::variant<Options, Reply> ParseOptions(std::vector<std::string> arguments) {
     Typed typed;
     ::CLI::App program("Reads and measures the images of a camera: BMP and uncompressed TIFF files.",
                        "pixora-cli");
-    program.allow_windows_style_options(false);
-    program.set_version_flag("--version", "pixora-cli " PIXORA_VERSION);
-    program.require_subcommand(1);
-    program.footer(
-        std::string("pixora-cli COMMAND --help tells more. A name that begins with a dash goes after --.\n") +
-        std::string(kExitStatus) + "\nExample: pixora-cli stats *.tif --format json");
-    AddCommands(program, typed);
     const std::string first = arguments.empty() ? std::string() : arguments.front();
+    MakeProgram(program, first, typed);
+    if (std::optional<Reply> reply = PlainAnswer(program, arguments)) return *std::move(reply);
     std::ranges::reverse(arguments);  // as the parser takes them
     std::ranges::transform(arguments, arguments.begin(), Protected);
     try {
         program.parse(arguments);
         typed.TakeMarksOff();
         return TakeOptions(program, typed);
-    } catch (const ::CLI::CallForVersion& call) {
-        return Reply{std::string(call.what()) + "\n"};
+    } catch (const ::CLI::CallForVersion&) {
+        return VersionReply();
     } catch (const ::CLI::CallForHelp&) {
         const auto commands = program.get_subcommands();
-        return Reply{commands.empty() ? program.help() : commands.front()->help("pixora-cli")};
+        return HelpReply(program, commands.empty() ? nullptr : commands.front());
     } catch (const ::CLI::ParseError& error) {
         const auto commands = program.get_subcommands();
         std::string what = error.what();
