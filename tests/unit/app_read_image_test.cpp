@@ -1,7 +1,6 @@
 #include <doctest/doctest.h>
 
 #include <new>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "image/read_result.h"
 #include "tests/unit/support/image_bytes.h"
 #include "tests/unit/support/scratch_folder.h"
+#include "tests/unit/support/small_files.h"
 #include "viewer/sample_buffer.h"
 
 using namespace pixora;
@@ -54,54 +54,11 @@ private:
     std::vector<std::uint16_t> arrived_;
 };
 
-std::string Noise(std::size_t bytes, unsigned seed) {
-    std::mt19937 random(seed);
-    std::string noise(bytes, '\0');
-    for (char& c : noise) c = static_cast<char>(random());
-    return noise;
-}
-
-// Files of every kind: whole, cut short, and with valid bits that only late samples show.
-std::vector<std::string> Files() {
-    std::vector<std::string> files;
-    for (const int height : {5, -5}) {
-        const std::uint16_t depths[] = {8, 24, 32};
-        for (const std::uint16_t bits : depths)
-            files.push_back(BmpFile{.width = 7,
-                                    .height = height,
-                                    .bits = bits,
-                                    .data_offset = 54 + 1024,
-                                    .before_data = Noise(1024, 1),
-                                    .pixels = Noise(7 * 5 * 4 + 20, 2)}
-                                .Make());
-        files.push_back(BmpFile{
-            .width = 3, .height = height, .pixels = std::string(static_cast<std::size_t>(12 * 5), '\7')}
-                            .Make());
-    }
-    for (const int photometric : {1, 2})
-        for (const int bits : {8, 12, 16})
-            files.push_back(TiffFile{.width = 9,
-                                     .height = 7,
-                                     .photometric = photometric,
-                                     .bits = bits,
-                                     .pixels = Noise(9 * 7 * 6, 3)}
-                                .Make());
-    std::string late(std::size_t{2} * 300 * 300, '\0');
-    late[2 * 150 * 300] = 64;  // 10 valid bits: the sixth bit differs
-    files.push_back(TiffFile{.width = 300, .height = 300, .bits = 16, .pixels = late}.Make());
-    late[late.size() - 2] = 1;  // 16 of them
-    files.push_back(TiffFile{.width = 300, .height = 300, .bits = 16, .pixels = late}.Make());
-    files.push_back(TiffFile{.width = 3, .bits = 16, .pixels = Words({0x1234, 0x1234})}.Make());
-    const std::size_t whole = files.size();
-    for (std::size_t i = 0; i < whole; ++i) files.push_back(files[i].substr(0, files[i].size() - 17));
-    return files;
-}
-
 }  // namespace
 
 TEST_CASE("reading an image gives the record and the samples that an import keeps in its copies") {
     const ScratchFolder folder;
-    for (const std::string& bytes : Files()) {
+    for (const std::string& bytes : SmallFiles()) {
         for (const wchar_t* auto_bit : {L"ON", L"OFF"}) {
             CAPTURE(bytes.size());
             const auto path = folder.Write("a.img", bytes);
@@ -160,7 +117,8 @@ TEST_CASE("a sink hears of a wrong guess of the valid bits and gets all samples 
 
 TEST_CASE("a sink ends the reading") {
     const ScratchFolder folder;
-    for (const std::string& bytes : {Files()[0], Files()[1], Files()[2], Files()[8], Files()[10]}) {
+    for (const std::string& bytes :
+         {SmallFiles()[0], SmallFiles()[1], SmallFiles()[2], SmallFiles()[8], SmallFiles()[10]}) {
         const auto path = folder.Write("a.img", bytes);
         Collector at_once;
         at_once.allowed_begins = 0;
