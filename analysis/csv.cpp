@@ -82,12 +82,15 @@ bool PutHistogram(const HistogramCounts& counts, bool colour, int channel, std::
                                    Chosen(counts, places), kCountField, take);
 }
 
+std::size_t RowsOf(const LineProfile& profile) {
+    return static_cast<std::size_t>(std::max(profile.count, 0));
+}
+
 bool PutProfile(const LineProfile& profile, bool colour, int channel, const CsvBlock::Take& take) {
     const ChannelPlaces places = ColumnsOf(colour, channel);
     // Deliberate: the first word's spelling is the product's.
     return PutLines<std::uint16_t>(Header("Loacation", "Value", "Value", colour, places),
-                                   static_cast<std::uint32_t>(profile.first),
-                                   static_cast<std::size_t>(std::max(profile.count, 0)),
+                                   static_cast<std::uint32_t>(profile.first), RowsOf(profile),
                                    Chosen(profile.values, places), kPlaceField, take);
 }
 
@@ -95,11 +98,17 @@ CsvBlock::Take Into(File& file) {
     return [&file](std::string_view text) { return file.Write(std::as_bytes(std::span(text))); };
 }
 
-CsvBlock::Take Into(std::string& whole) {
-    return [&whole](std::string_view text) {
+/// All lines of a file as one text. What is set aside for the longest lines is not touched before it is
+/// filled.
+template <typename Put>
+std::string InMemory(std::size_t rows, const Put& put) {
+    std::string whole;
+    whole.reserve((rows + 1) * CsvBlock::kLineBytes);
+    static_cast<void>(put([&whole](std::string_view text) {
         whole += text;
         return true;
-    };
+    }));
+    return whole;
 }
 
 /// Deliberate: unlike that of a saved region, a name that only begins with a point loses all of it.
@@ -135,15 +144,14 @@ bool WriteProfileCsv(File& file, const LineProfile& profile, bool colour, int ch
 }
 
 std::string HistogramCsv(const HistogramCounts& counts, bool colour, int channel, std::uint32_t bits) {
-    std::string whole;
-    static_cast<void>(PutHistogram(counts, colour, channel, bits, Into(whole)));
-    return whole;
+    return InMemory(BinCount(bits), [&](const CsvBlock::Take& take) {
+        return PutHistogram(counts, colour, channel, bits, take);
+    });
 }
 
 std::string ProfileCsv(const LineProfile& profile, bool colour, int channel) {
-    std::string whole;
-    static_cast<void>(PutProfile(profile, colour, channel, Into(whole)));
-    return whole;
+    return InMemory(RowsOf(profile),
+                    [&](const CsvBlock::Take& take) { return PutProfile(profile, colour, channel, take); });
 }
 
 std::wstring HistogramCsvName(std::wstring_view folder, std::wstring_view image_name, bool colour,

@@ -7,9 +7,11 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
-#include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
+
+#include "base/block_memory.h"
 
 namespace pixora {
 
@@ -103,21 +105,20 @@ public:
     /// Takes the next bytes of a file. @return false when they have no place.
     using Take = std::function<bool(std::string_view)>;
 
-    explicit CsvBlock(const Take& take)
-        : take_(take), bytes_(std::make_unique_for_overwrite<char[]>(kBlockBytes)) {}
+    explicit CsvBlock(const Take& take) : take_(take) {}
 
     /// Makes room for at least one line. @return for how many; 0 when what came before has no place.
     [[nodiscard]] std::size_t Room() {
-        if (kBlockBytes - used_ < kLineBytes && !HandOn()) return 0;
-        return (kBlockBytes - used_) / kLineBytes;
+        if (bytes_.size() - used_ < kLineBytes && !HandOn()) return 0;
+        return (bytes_.size() - used_) / kLineBytes;
     }
     /// Where the next line goes.
-    [[nodiscard]] char* Next() { return bytes_.get() + used_; }
+    [[nodiscard]] char* Next() { return bytes_.data() + used_; }
     /// Keeps the lines up to `end`.
-    void Keep(const char* end) { used_ = static_cast<std::size_t>(end - bytes_.get()); }
+    void Keep(const char* end) { used_ = static_cast<std::size_t>(end - bytes_.data()); }
     /// Hands on what is kept. @return false when it has no place.
     [[nodiscard]] bool HandOn() {
-        const std::string_view text(bytes_.get(), std::exchange(used_, 0));
+        const std::string_view text(bytes_.data(), std::exchange(used_, 0));
         return text.empty() || take_(text);
     }
 
@@ -125,11 +126,9 @@ public:
     static constexpr std::size_t kLineBytes = 64;
 
 private:
-    // A call to write costs microseconds, and so does memory that is touched for the first time.
-    static constexpr std::size_t kBlockBytes = std::size_t{64} * 1024;
-
     const Take& take_;
-    std::unique_ptr<char[]> bytes_;
+    BlockMemory memory_{kBlockBytes};
+    std::span<char> bytes_{reinterpret_cast<char*>(memory_.All().data()), kBlockBytes};
     std::size_t used_ = 0;
 };
 
