@@ -1,5 +1,6 @@
 #include "fuzz/import_bytes.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -7,6 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/measurement.h"
+#include "analysis/stored_counts.h"
+#include "analysis/stored_sums.h"
 #include "app/import.h"
 #include "image/valid_bits.h"
 #include "viewer/sample_buffer.h"
@@ -62,7 +66,65 @@ ImportRequest RequestFor(std::span<const std::uint8_t> bytes, const WorkFolder& 
             .memory_limit = kMemoryLimit};
 }
 
-void CheckAccepted(const ImageBuffer& image) {
+// Measures the whole image while it is read.
+class MeasuringSink final : public SampleSink {
+public:
+    bool Begin(std::uint32_t width, std::uint32_t height, RowOrder) override {
+        sums_ = {};
+        counts_ = {};
+        missing_ = std::uint64_t{width} * height;
+        return true;
+    }
+    bool Take(std::span<const std::uint16_t> samples, std::size_t channels) override {
+        return TakeStored(
+            SamplesAsStored(samples.first(std::min(samples.size(), missing_ * channels)), channels));
+    }
+    [[nodiscard]] bool TakesStored() const override { return true; }
+    bool TakeStored(const StoredPixels& pixels) override {
+        Require(pixels.Pixels() <= missing_, "no pixel comes that the image does not have");
+        missing_ -= pixels.Pixels();
+        sums_.Add(pixels);
+        counts_.Add(pixels);
+        return true;
+    }
+    [[nodiscard]] int ScaleStored(bool zeros_follow) override {
+        const std::uint16_t differing = sums_.DifferingBits(zeros_follow);
+        Require(counts_.DifferingBits(zeros_follow) == differing, "counts and sums see the same bits");
+        sums_.DropLowBits(16 - ValidBitsOf(differing));
+        counts_.DropLowBits(16 - ValidBitsOf(differing));
+        return ValidBitsOf(differing);
+    }
+    void Check(const Measurement& expected) {
+        sums_.AddZeros(missing_);
+        counts_.AddZeros(missing_);
+        HistogramCounts counts;
+        for (std::size_t place = 0; place < (expected.colour ? 3 : 1); ++place) {
+            counts[place].assign(expected.counts[place].size(), 0);
+            Require(StatisticsOf(sums_.Channels()[place]) == expected.statistics[place],
+                    "statistics are those of the samples");
+        }
+        counts_.AddTo(counts);
+        Require(counts == expected.counts, "histograms are those of the samples");
+    }
+
+private:
+    StoredSums sums_;
+    StoredCounts counts_;
+    std::uint64_t missing_ = 0;
+};
+
+void CheckMeasured(const SourceRequest& source, const ImageBuffer& image, const SampleBuffer& buffer) {
+    Measurement expected;
+    Measure({buffer.width, buffer.height, image.colour != 0, EffectiveBits(image), buffer.samples.All()},
+            WholeImage(buffer.width, buffer.height), expected);
+    MeasuringSink sink;
+    const ImportResult read = ReadImage(source, &sink);
+    Require(read.image.has_value(), "what an import accepts can be read");
+    Require(read.image->valid_bits == image.valid_bits, "both find the same valid bits");
+    sink.Check(expected);
+}
+
+void CheckAccepted(const SourceRequest& source, const ImageBuffer& image) {
     Require(fs::is_regular_file(image.display_copy), "an accepted image has its display copy");
     Require(image.width > 0 && image.height > 0, "an accepted image has a size");
     const auto buffer = ReadSampleBuffer(image);
@@ -70,6 +132,10 @@ void CheckAccepted(const ImageBuffer& image) {
     const std::uint16_t largest = MaxSampleValue(EffectiveBits(image));
     for (const std::uint16_t sample : buffer->samples.All())
         Require(sample <= largest, "no sample passes its depth");
+    // Histograms have so many bins that looking at all of them for every input would leave time for few
+    // inputs.
+    constexpr std::size_t kMeasuredOf = 4;
+    if (fs::file_size(source.source) % kMeasuredOf == 0) CheckMeasured(source, image, *buffer);
     fs::remove(image.display_copy);
     if (!image.data_copy.empty()) fs::remove(image.data_copy);
 }
@@ -80,9 +146,10 @@ void ImportBytes(std::span<const std::uint8_t> bytes) {
     static const WorkFolder folder;
     std::ofstream(folder.Source(), std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    const ImportResult result = ImportImage(RequestFor(bytes, folder));
+    const ImportRequest request = RequestFor(bytes, folder);
+    const ImportResult result = ImportImage(request);
     if (result.image)
-        CheckAccepted(*result.image);
+        CheckAccepted({request.source, request.valid_bits, request.auto_bit}, *result.image);
     else
         Require(!result.message.line2.empty(), "a refusal says why");
     Require(fs::is_empty(folder.Data()), "nothing is left of an import");
