@@ -93,6 +93,7 @@ PIXORA_AVX512 std::size_t AddAlike(std::span<const std::byte> bytes, QuarterSums
     const Samples samples;
     const std::byte* at = bytes.data();
     const std::size_t rounds = std::min(bytes.size() / (2 * kStep), kMostRounds);
+    if (rounds == 0) return 0;
     Lanes one(bits), other(bits);
     for (std::size_t left = rounds; left > 0;) {
         const std::size_t now = std::min(left, Lanes::kRoundsAtOnce);
@@ -122,6 +123,7 @@ PIXORA_AVX512 std::size_t AddThirds(std::span<const std::byte> bytes, std::array
     const Samples samples;
     const std::byte* at = bytes.data();
     const std::size_t rounds = std::min(bytes.size() / (3 * kStep), kMostRounds);
+    if (rounds == 0) return 0;
     Lanes first(bits), second(bits), third(bits);
     for (std::size_t left = rounds; left > 0;) {
         const std::size_t now = std::min(left, Lanes::kRoundsAtOnce);
@@ -158,10 +160,11 @@ struct LookUp {
 
 PIXORA_AVX512 std::size_t AddIndices(std::span<const std::byte> bytes, const Palette& palette,
                                      std::array<QuarterSums, 3>& sums) {
+    const std::size_t rounds = std::min(bytes.size() / kRegisterBytes, kMostRounds);
+    if (rounds == 0) return 0;
     const LookUp blue(palette.levels[0]), green(palette.levels[1]), red(palette.levels[2]);
     WordBits none;
     ByteLanes first(none), second(none), third(none);
-    const std::size_t rounds = std::min(bytes.size() / kRegisterBytes, kMostRounds);
     for (std::size_t i = 0; i < rounds; ++i) {
         const __m512i indices = Load(bytes.data() + i * kRegisterBytes);
         first.Add(blue(indices));
