@@ -10,11 +10,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A pass over a 16-bit file that gives the scaled samples to `sink`, or only finds the valid bits. It ends as
-// soon as the guess of the valid bits proves wrong.
+// A pass over a 16-bit file that gives the scaled samples to `sink`. It ends as soon as the guess of the
+// valid bits proves wrong.
 class ScaledPass {
 public:
-    ScaledPass(BitsGuess& guess, SampleSink* sink, std::size_t channels)
+    ScaledPass(BitsGuess& guess, SampleSink& sink, std::size_t channels)
         : guess_(guess), sink_(sink), channels_(channels) {}
 
     // @return false when the sink ended the reading.
@@ -28,21 +28,35 @@ public:
     void Take(std::span<std::uint16_t> samples) {
         if (Ended()) return;
         seen_ += samples.size();
-        if (!guess_.Add(samples) || !sink_) return;
+        if (!guess_.Add(samples)) return;
         static_cast<void>(ScaleToValidBits(samples, guess_.Bits()));
-        stopped_ = !sink_->Take(samples, channels_);
+        stopped_ = !sink_.Take(samples, channels_);
     }
     [[nodiscard]] bool Keep(std::span<const std::uint16_t>) const { return !Ended(); }
 
 private:
-    [[nodiscard]] bool Ended() const { return stopped_ || (sink_ ? guess_.Failed() : guess_.Settled()); }
+    [[nodiscard]] bool Ended() const { return stopped_ || guess_.Failed(); }
 
     BitsGuess& guess_;
-    SampleSink* sink_;
+    SampleSink& sink_;
     std::size_t channels_;
     std::uint64_t seen_ = 0;
     bool stopped_ = false;
 };
+
+// The valid bits alone; pixels are read only as far as these can still change.
+int FindBits(BitsGuess& guess, PixelReader& pixels) {
+    std::uint64_t seen = 0;
+    static_cast<void>(guess.Settled() || pixels.ForEachStored([&](std::span<const std::byte> bytes) {
+        const std::span words(reinterpret_cast<const std::uint16_t*>(bytes.data()), bytes.size() / 2);
+        seen += words.size();
+        guess.Add(words);
+        return !guess.Settled();
+    }));
+    if (seen < pixels.Samples()) guess.AddMissing();
+    guess.Mend();
+    return guess.Bits();
+}
 
 // The valid bits come out of the words as they stand in the file.
 Tiff16Reading ReadStored16(SampleSink& sink, PixelLayout layout, PixelReader& pixels) {
@@ -78,16 +92,15 @@ Tiff16Reading ReadTiff16Samples(const fs::path& source, int valid_bits, SampleSi
     const PixelLayout layout = Layout16(info);
     PixelReader pixels(*found.file, info, layout);
     BitsGuess guess(valid_bits);
+    if (!sink) return {.valid_bits = FindBits(guess, pixels)};
     do {
         guess.Mend();
-        if (!sink && guess.Settled()) break;
-        const bool begun = !sink || sink->Begin(info.width, info.height, RowOrder::top_down);
-        if (begun && sink && guess.Automatic() && sink->TakesStored())
-            return ReadStored16(*sink, layout, pixels);
-        ScaledPass pass(guess, sink, ChannelsOf(layout));
-        if (!begun || !pass.Run(pixels)) return {.result = ReadResult::write_failed};
-    } while (sink && guess.Failed());
-    guess.Mend();
+        if (!sink->Begin(info.width, info.height, RowOrder::top_down))
+            return {.result = ReadResult::write_failed};
+        if (guess.Automatic() && sink->TakesStored()) return ReadStored16(*sink, layout, pixels);
+        if (!ScaledPass(guess, *sink, ChannelsOf(layout)).Run(pixels))
+            return {.result = ReadResult::write_failed};
+    } while (guess.Failed());
     return {.valid_bits = guess.Bits()};
 }
 
