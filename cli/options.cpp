@@ -21,8 +21,11 @@ constexpr std::string_view kExitStatus =
 bool LooksLikeList(std::string_view text) {
     return text.size() >= 2 && text.front() == '[' && text.back() == ']';
 }
+std::string Marked(const std::string& text) {
+    return Concat({kMark, text});
+}
 std::string Protected(const std::string& text) {
-    return LooksLikeList(text) ? Concat({kMark, text}) : text;
+    return LooksLikeList(text) || text.starts_with(kMark) ? Marked(text) : text;
 }
 std::string Plain(const std::string& text) {
     return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
@@ -269,6 +272,30 @@ std::string ExtraText(const std::vector<std::string>& extras) {
     return Concat({"there is no place for \"", extras.empty() ? std::string() : Plain(extras.front()), "\""});
 }
 
+bool TakesValue(const std::string& argument) {
+    return argument.starts_with("--") && argument.find('=') == std::string::npos && argument != "--help" &&
+           argument != kVersionFlag;
+}
+
+// The arguments as the parser takes them, last one first. What follows two dashes is names, whatever it looks
+// like; the parser knows that only of names that are still lacking, so it gets them marked and without the
+// dashes.
+std::vector<std::string> ForParser(const std::vector<std::string>& arguments) {
+    std::vector<std::string> result;
+    const bool command = !arguments.empty() && IsCommand(arguments.front());
+    bool value = false, names = false;
+    for (const std::string& argument : arguments) {
+        if (command && !names && !value && argument == "--") {
+            names = true;
+            continue;
+        }
+        result.push_back(names ? Marked(argument) : Protected(argument));
+        value = !value && TakesValue(argument);
+    }
+    std::ranges::reverse(result);
+    return result;
+}
+
 }  // namespace
 
 std::string UsageLine(std::string_view what) {
@@ -291,17 +318,15 @@ std::optional<Region> ParseRegion(std::string_view text) {
     return region;
 }
 
-std::variant<Options, Reply> ParseOptions(std::vector<std::string> arguments) {
+std::variant<Options, Reply> ParseOptions(const std::vector<std::string>& arguments) {
     Typed typed;
     ::CLI::App program("Reads and measures the images of a camera: BMP and uncompressed TIFF files.",
                        "pixora-cli");
     const std::string first = arguments.empty() ? std::string() : arguments.front();
     MakeProgram(program, first, typed);
     if (std::optional<Reply> reply = PlainAnswer(program, arguments)) return *std::move(reply);
-    std::ranges::reverse(arguments);  // as the parser takes them
-    std::ranges::transform(arguments, arguments.begin(), Protected);
     try {
-        program.parse(arguments);
+        program.parse(ForParser(arguments));
         typed.TakeMarksOff();
         return TakeOptions(program, typed);
     } catch (const ::CLI::CallForVersion&) {

@@ -43,7 +43,7 @@ inline constexpr int kUsage = 2;   ///< wrong usage
 [[nodiscard]] std::string UsageLine(std::string_view what);
 
 /// Reads the arguments of a call, the program's name not among them.
-[[nodiscard]] std::variant<Options, Reply> ParseOptions(std::vector<std::string> arguments);
+[[nodiscard]] std::variant<Options, Reply> ParseOptions(const std::vector<std::string>& arguments);
 
 /// A region as it is typed: left, top, right and bottom as plain decimal numbers, with commas between them.
 /// @return nothing for anything else, and when the edges are crossed.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <utility>
 #include <variant>
 
 #include "cli/commands.h"
@@ -66,8 +65,8 @@ int Answer(const Reply& reply, Streams& streams) {
 
 }  // namespace
 
-int Run(std::vector<std::string> arguments, Streams& streams, bool expand_wildcards) {
-    std::variant<Options, Reply> parsed = ParseOptions(std::move(arguments));
+int Run(const std::vector<std::string>& arguments, Streams& streams, bool expand_wildcards) {
+    std::variant<Options, Reply> parsed = ParseOptions(arguments);
     if (const Reply* reply = std::get_if<Reply>(&parsed)) return Answer(*reply, streams);
     Options& options = std::get<Options>(parsed);
     if (expand_wildcards) options.files = Expanded(options.files);

@@ -93,8 +93,14 @@ TEST_CASE("names of files are what is no option, and all that follows two dashes
     CHECK(files({"info", "info", "stats"}) == Words{"info", "stats"});
     CHECK(files({"info", "a", "--format", "csv", "b", "c"}) == Words{"a", "b", "c"});
     CHECK(files({"histogram", "--out", "c", "--", "-x"}) == Words{"-x"});
-    CHECK(Said({"info", "a", "--", "-b"}) == "? there is no place for \"\"");
-    CHECK(Said({"histogram", "--out", "c", "--", "a", "b"}) == "? the command has no option --");
+    CHECK(files({"info", "a", "--", "-b", "--", "[c]"}) == Words{"a", "-b", "--", "[c]"});
+    CHECK(files({"info", "a", "--format", "csv", "--", "--format", "json"}) ==
+          Words{"a", "--format", "json"});
+    CHECK(files({"histogram", "--out", "--", "--", "--out"}) == Words{"--out"});
+    CHECK(files({"histogram", "--out=c", "--", "-a"}) == Words{"-a"});
+    CHECK(files({"info", "a", "--"}) == Words{"a"});
+    CHECK(Said({"info", "--"}) == Said({"info"}));
+    CHECK(Said({"histogram", "--out", "c", "--", "a", "-b"}) == "? there is no place for \"-b\"");
 }
 
 TEST_CASE("help is an answer wherever it is asked for") {
