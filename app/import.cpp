@@ -163,9 +163,8 @@ private:
 
     void ReadSize(std::uint32_t& width, std::uint32_t& height) {
         if (type_.kind == ImageFileKind::bmp) {
-            const BmpHeader header = ReadBmpHeader(request_.source).value_or(BmpHeader{});
-            width = header.width;
-            height = header.height;
+            width = type_.bmp.width;
+            height = type_.bmp.height;
             return;
         }
         const TiffInfo& info = type_.tiff.info;

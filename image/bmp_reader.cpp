@@ -133,11 +133,6 @@ std::optional<BmpHeader> ReadBmpHeader(File& file) {
     };
 }
 
-std::optional<BmpHeader> ReadBmpHeader(const fs::path& path) {
-    std::optional<File> file = File::OpenForReading(path);
-    return file ? ReadBmpHeader(*file) : std::nullopt;
-}
-
 BmpConversion ConvertBmp(const fs::path& source, const fs::path& display_copy) {
     LookedAt found = LookAt(source);
     if (!found.Accepted()) return found.conversion;

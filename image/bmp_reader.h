@@ -25,8 +25,6 @@ struct BmpHeader {
 /// Reads the file and info header of an open file.
 /// @return nothing when the signature is not "BM" or the headers are cut off.
 [[nodiscard]] std::optional<BmpHeader> ReadBmpHeader(File& file);
-/// The same for a file by its path; nothing also when it cannot be opened.
-[[nodiscard]] std::optional<BmpHeader> ReadBmpHeader(const std::filesystem::path& path);
 
 struct BmpConversion {
     ReadResult result = ReadResult::accepted;

@@ -15,6 +15,7 @@ FileType DetectFileType(const std::filesystem::path& path) {
     std::array<std::byte, 2> mark{};
     if (file->ReadExactly(0, mark) && mark[0] == std::byte{'B'} && mark[1] == std::byte{'M'}) {
         type.kind = ImageFileKind::bmp;
+        type.bmp = ReadBmpHeader(*file).value_or(BmpHeader{});
         return type;
     }
     type.tiff = ReadTiffHeader(*file);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "image/bmp_reader.h"
 #include "image/image_buffer.h"
 #include "image/tiff_header.h"
 
@@ -15,6 +16,7 @@ struct FileType {
         ImageFileKind::unknown;  ///< bmp, tiff_little or tiff_big when the signature is known
     std::uint32_t bits = 8;      ///< per sample: 8 for BMP, what the header says for TIFF
     TiffHeader tiff{};           ///< of a TIFF
+    BmpHeader bmp{};             ///< of a BMP; all zero when it is cut off
     [[nodiscard]] bool Known() const { return kind != ImageFileKind::unknown; }
 };
 

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include "base/file.h"
 #include "tests/unit/support/image_bytes.h"
 #include "tests/unit/support/scratch_folder.h"
 
@@ -31,11 +32,16 @@ std::string ColourPalette() {
     return palette;
 }
 
+std::optional<BmpHeader> HeaderOf(const std::filesystem::path& path) {
+    std::optional<File> file = File::OpenForReading(path);
+    return file ? ReadBmpHeader(*file) : std::nullopt;
+}
+
 }  // namespace
 
 TEST_CASE("the header gives size, orientation, depth and compression") {
     const ScratchFolder folder;
-    const auto header = ReadBmpHeader(folder.Write(
+    const auto header = HeaderOf(folder.Write(
         "a.bmp", BmpFile{.width = 7, .height = -5, .bits = 32, .compression = 3, .data_offset = 70}.Make()));
     REQUIRE(header.has_value());
     CHECK(header->width == 7);
@@ -48,7 +54,7 @@ TEST_CASE("the header gives size, orientation, depth and compression") {
 
 TEST_CASE("the smallest height of all is taken as its absolute value") {
     const ScratchFolder folder;
-    const auto header = ReadBmpHeader(folder.Write("a.bmp", BmpFile{.height = -2147483647 - 1}.Make()));
+    const auto header = HeaderOf(folder.Write("a.bmp", BmpFile{.height = -2147483647 - 1}.Make()));
     REQUIRE(header.has_value());
     CHECK(header->height == 2147483648u);
 }
@@ -110,7 +116,7 @@ TEST_CASE("a header of twelve bytes is read like any other, which refuses the fi
     CHECK(Convert(bytes).conversion.result != ReadResult::accepted);
     CHECK(Convert(bytes).copy == "(none)");
     const ScratchFolder folder;
-    const auto header = ReadBmpHeader(folder.Write("a.bmp", bytes));
+    const auto header = HeaderOf(folder.Write("a.bmp", bytes));
     REQUIRE(header.has_value());
     CHECK(header->width == 5 + 7 * 65536);
 }
