@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -62,11 +63,23 @@ private:
     bool out_console_ = IsConsole(out_), error_console_ = IsConsole(error_);
 };
 
+constexpr ULONGLONG kOneWish_ms = 2000;
+std::atomic<ULONGLONG> stop_time_ms{0};
+
+// A second wish ends the program at once, also while it waits for somebody to read its results. A key that is
+// held down comes again and again, so that what follows at once is one wish.
+bool IsSecondWish() {
+    const ULONGLONG now = GetTickCount64();
+    ULONGLONG first = 0;
+    return !stop_time_ms.compare_exchange_strong(first, now) && now - first >= kOneWish_ms;
+}
+
 // Runs in a thread of its own. When it returns after anything but Ctrl+C and Ctrl+Break the system ends the
 // program, so it waits for the program to end by itself.
 BOOL WINAPI OnControl(DWORD event) {
     RequestStop();
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
+    if (IsSecondWish()) TerminateProcess(GetCurrentProcess(), kStoppedStatus);
     return TRUE;
 }
 
@@ -79,6 +92,6 @@ int wmain(int count, wchar_t** arguments) {
     std::vector<std::string> texts;
     for (int i = 1; i < count; ++i) texts.push_back(pixora::Utf8FromWide(arguments[i]));
     StandardStreams streams;
-    const int status = Run(std::move(texts), streams, true);
+    const int status = Run(texts, streams, true);
     return StopRequested() ? static_cast<int>(kStoppedStatus) : status;
 }

@@ -16,17 +16,27 @@ std::wstring QuotedProgram() {
 
 Process::Process(std::wstring command_line) : Process(ProgramPath(), std::move(command_line)) {}
 
-Process::Process(const std::filesystem::path& program, std::wstring command_line) {
+Process::Process(const std::filesystem::path& program, std::wstring command_line, const Launch& launch) {
+    const bool redirected = launch.input || launch.output || launch.error;
     STARTUPINFOW start{};
     start.cb = sizeof start;
+    start.dwFlags = redirected ? STARTF_USESTDHANDLES : 0;
+    start.hStdInput = launch.input;
+    start.hStdOutput = launch.output;
+    start.hStdError = launch.error;
     PROCESS_INFORMATION started{};
     WatchStep("starting the program");
-    if (!CreateProcessW(program.c_str(), command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &start, &started))
+    if (!CreateProcessW(program.c_str(), command_line.data(), nullptr, nullptr, redirected, launch.flags,
+                        nullptr, launch.folder.empty() ? nullptr : launch.folder.c_str(), &start, &started))
         throw UiError("could not start " + Narrow(command_line));
     CloseHandle(started.hThread);
     process_ = started.hProcess;
     id_ = started.dwProcessId;
+}
+
+Process::Process(DWORD id)
+    : process_(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION | PROCESS_TERMINATE, FALSE, id)), id_(id) {
+    if (!process_) throw UiError("could not take over a program");
 }
 
 Process::~Process() {

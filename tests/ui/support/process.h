@@ -15,13 +15,22 @@
 
 namespace pixora::ui {
 
+/// How another program is started.
+struct Launch {
+    DWORD flags = 0;                                            ///< CREATE_NO_WINDOW and the like
+    std::filesystem::path folder = {};                          ///< where it works; empty: where the tests do
+    HANDLE input = nullptr, output = nullptr, error = nullptr;  ///< all nothing: those of the tests
+};
+
 /// Starts pixora.exe at once; ends it by force if it still runs when its owner goes.
 class Process {
 public:
     /// @param command_line  the whole of it, program path included.
     explicit Process(std::wstring command_line);
     /// Starts another program in its place.
-    Process(const std::filesystem::path& program, std::wstring command_line);
+    Process(const std::filesystem::path& program, std::wstring command_line, const Launch& launch = {});
+    /// Takes over a program that somebody else has started and still holds.
+    explicit Process(DWORD id);
     ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
