@@ -5,6 +5,8 @@
 #include <new>
 #include <utility>
 
+#include "base/pages.h"
+
 namespace pixora {
 namespace {
 
@@ -75,6 +77,7 @@ void StoredCounts::Prepare(const StoredPixels& pixels) {
     auto tables = ZeroedArray<std::uint32_t>::Make(PeriodOf(layout_) * kTableStride);
     if (!tables) throw std::bad_alloc();
     tables_ = *std::move(tables);
+    PreparePages(std::as_writable_bytes(tables_.All()));
     period_ = PeriodOf(layout_);
 }
 

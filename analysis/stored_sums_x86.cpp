@@ -47,7 +47,7 @@ constexpr std::array<__mmask32, 3> kThirds{0x49249249, 0x92492492, 0x24924924};
 // Three quarters of a register.
 constexpr std::size_t kShortBytes = kRegisterBytes / 4 * 3;
 PIXORA_AVX512 inline __m512i LoadShort(const std::byte* from) {
-    return _mm512_maskz_loadu_epi8((__mmask64{1} << kShortBytes) - 1, from);
+    return Load(from);
 }
 
 // What stands in the file, made to a register of samples; a step is how many bytes of the file that takes.
@@ -85,29 +85,21 @@ struct Packed12 {
     }
 };
 
-// Registers of bytes or of grey words; two sums in turn, since an addition takes longer than it keeps the
-// processor busy.
+// Loops over rounds are functions of their own, which keep the sums in registers.
+#define PIXORA_ROUNDS PIXORA_AVX512 __attribute__((noinline))
+
+// A register for each of two sums in turn, since an addition takes longer than it keeps the processor busy.
 template <typename Lanes, typename Samples>
-PIXORA_AVX512 std::size_t AddAlike(std::span<const std::byte> bytes, QuarterSums& sums, WordBits& bits) {
-    constexpr std::size_t kStep = Samples::kStep;
+PIXORA_ROUNDS void AddPairs(const std::byte* at, std::size_t rounds, std::array<Lanes, 2>& lanes) {
     const Samples samples;
-    const std::byte* at = bytes.data();
-    const std::size_t rounds = std::min(bytes.size() / (2 * kStep), kMostRounds);
-    if (rounds == 0) return 0;
-    Lanes one(bits), other(bits);
-    for (std::size_t left = rounds; left > 0;) {
-        const std::size_t now = std::min(left, Lanes::kRoundsAtOnce);
-        for (std::size_t i = 0; i < now; ++i, at += 2 * kStep) {
-            one.Add(samples(at));
-            other.Add(samples(at + kStep));
-        }
-        one.Settle();
-        other.Settle();
-        left -= now;
+    Lanes one = lanes[0], other = lanes[1];
+    for (std::size_t i = 0; i < rounds; ++i, at += 2 * Samples::kStep) {
+        one.Add(samples(at));
+        other.Add(samples(at + Samples::kStep));
     }
-    one.Take(rounds * Lanes::kQuarterSamples, sums, bits);
-    other.Take(rounds * Lanes::kQuarterSamples, sums, bits);
-    return 2 * kStep * rounds;
+    one.Settle();
+    other.Settle();
+    lanes = {one, other};
 }
 
 PIXORA_AVX512 inline __m512i Merged(__m512i a, __m512i b, __m512i c, std::size_t from_b, std::size_t from_c) {
@@ -117,31 +109,61 @@ PIXORA_AVX512 inline __m512i Merged(__m512i a, __m512i b, __m512i c, std::size_t
 // Colour samples of words. In three registers each channel has every third sample, in each register at other
 // places; so they can be laid over one another. The order of the samples does not matter.
 template <typename Lanes, typename Samples>
-PIXORA_AVX512 std::size_t AddThirds(std::span<const std::byte> bytes, std::array<QuarterSums, 3>& sums,
-                                    WordBits& bits) {
+PIXORA_ROUNDS void AddThirds(const std::byte* at, std::size_t rounds, std::array<Lanes, 3>& lanes) {
     constexpr std::size_t kStep = Samples::kStep;
     const Samples samples;
-    const std::byte* at = bytes.data();
-    const std::size_t rounds = std::min(bytes.size() / (3 * kStep), kMostRounds);
-    if (rounds == 0) return 0;
-    Lanes first(bits), second(bits), third(bits);
-    for (std::size_t left = rounds; left > 0;) {
-        const std::size_t now = std::min(left, Lanes::kRoundsAtOnce);
-        for (std::size_t i = 0; i < now; ++i, at += 3 * kStep) {
-            const __m512i a = samples(at), b = samples(at + kStep), c = samples(at + 2 * kStep);
-            first.Add(Merged(a, b, c, 1, 2));
-            second.Add(Merged(a, b, c, 2, 0));
-            third.Add(Merged(a, b, c, 0, 1));
-        }
-        first.Settle();
-        second.Settle();
-        third.Settle();
-        left -= now;
+    Lanes first = lanes[0], second = lanes[1], third = lanes[2];
+    for (std::size_t i = 0; i < rounds; ++i, at += 3 * kStep) {
+        const __m512i a = samples(at), b = samples(at + kStep), c = samples(at + 2 * kStep);
+        first.Add(Merged(a, b, c, 1, 2));
+        second.Add(Merged(a, b, c, 2, 0));
+        third.Add(Merged(a, b, c, 0, 1));
     }
-    first.Take(rounds * Lanes::kQuarterSamples, sums[0], bits);
-    second.Take(rounds * Lanes::kQuarterSamples, sums[1], bits);
-    third.Take(rounds * Lanes::kQuarterSamples, sums[2], bits);
-    return 3 * rounds * kStep;
+    first.Settle();
+    second.Settle();
+    third.Settle();
+    lanes = {first, second, third};
+}
+
+// Whole rounds of what is there, and settles the sums as often as needed. @return bytes done.
+template <typename Lanes, typename Samples, std::size_t kCount>
+PIXORA_AVX512 std::size_t AddRounds(std::span<const std::byte> bytes, std::array<Lanes, kCount>& lanes) {
+    constexpr std::size_t kRoundBytes = kCount * Samples::kStep;
+    // A register is loaded whole, also where a step is shorter.
+    const std::size_t beyond = kRegisterBytes - Samples::kStep;
+    const std::size_t rounds =
+        bytes.size() < beyond ? 0 : std::min((bytes.size() - beyond) / kRoundBytes, kMostRounds);
+    for (std::size_t done = 0; done < rounds;) {
+        const std::size_t now = std::min(rounds - done, Lanes::kRoundsAtOnce);
+        const std::byte* const at = bytes.data() + done * kRoundBytes;
+        if constexpr (kCount == 2)
+            AddPairs<Lanes, Samples>(at, now, lanes);
+        else
+            AddThirds<Lanes, Samples>(at, now, lanes);
+        done += now;
+    }
+    return rounds * kRoundBytes;
+}
+
+template <typename Lanes, typename Samples>
+PIXORA_AVX512 std::size_t AddAlike(std::span<const std::byte> bytes, QuarterSums& sums, WordBits& bits) {
+    std::array<Lanes, 2> lanes{Lanes(bits), Lanes(bits)};
+    const std::size_t done = AddRounds<Lanes, Samples>(bytes, lanes);
+    const std::size_t rounds = done / (lanes.size() * Samples::kStep);
+    for (const Lanes& sum : lanes)
+        if (rounds > 0) sum.Take(rounds * Lanes::kQuarterSamples, sums, bits);
+    return done;
+}
+
+template <typename Lanes, typename Samples>
+PIXORA_AVX512 std::size_t AddColours(std::span<const std::byte> bytes, std::array<QuarterSums, 3>& sums,
+                                     WordBits& bits) {
+    std::array<Lanes, 3> lanes{Lanes(bits), Lanes(bits), Lanes(bits)};
+    const std::size_t done = AddRounds<Lanes, Samples>(bytes, lanes);
+    const std::size_t rounds = done / (lanes.size() * Samples::kStep);
+    for (std::size_t i = 0; i < lanes.size() && rounds > 0; ++i)
+        lanes[i].Take(rounds * Lanes::kQuarterSamples, sums[i], bits);
+    return done;
 }
 
 // Bytes that stand for colours. A table of 256 bytes is four registers, of which the processor looks up two
@@ -158,22 +180,27 @@ struct LookUp {
     }
 };
 
-PIXORA_AVX512 std::size_t AddIndices(std::span<const std::byte> bytes, const Palette& palette,
-                                     std::array<QuarterSums, 3>& sums) {
-    const std::size_t rounds = std::min(bytes.size() / kRegisterBytes, kMostRounds);
-    if (rounds == 0) return 0;
+PIXORA_ROUNDS void AddLookedUp(const std::byte* at, std::size_t rounds, const Palette& palette,
+                               std::array<ByteLanes, 3>& lanes) {
     const LookUp blue(palette.levels[0]), green(palette.levels[1]), red(palette.levels[2]);
-    WordBits none;
-    ByteLanes first(none), second(none), third(none);
-    for (std::size_t i = 0; i < rounds; ++i) {
-        const __m512i indices = Load(bytes.data() + i * kRegisterBytes);
+    ByteLanes first = lanes[0], second = lanes[1], third = lanes[2];
+    for (std::size_t i = 0; i < rounds; ++i, at += kRegisterBytes) {
+        const __m512i indices = Load(at);
         first.Add(blue(indices));
         second.Add(green(indices));
         third.Add(red(indices));
     }
-    first.Take(rounds * kQuarterBytes, sums[0], none);
-    second.Take(rounds * kQuarterBytes, sums[1], none);
-    third.Take(rounds * kQuarterBytes, sums[2], none);
+    lanes = {first, second, third};
+}
+
+PIXORA_AVX512 std::size_t AddIndices(std::span<const std::byte> bytes, const Palette& palette,
+                                     std::array<QuarterSums, 3>& sums) {
+    const std::size_t rounds = std::min(bytes.size() / kRegisterBytes, kMostRounds);
+    if (rounds == 0) return 0;
+    WordBits none;
+    std::array<ByteLanes, 3> lanes{ByteLanes(none), ByteLanes(none), ByteLanes(none)};
+    AddLookedUp(bytes.data(), rounds, palette, lanes);
+    for (std::size_t i = 0; i < lanes.size(); ++i) lanes[i].Take(rounds * kQuarterBytes, sums[i], none);
     return rounds * kRegisterBytes;
 }
 
@@ -184,48 +211,59 @@ void AddAll(const QuarterSums& quarters, SampleSums& sums) {
     for (const SampleSums& quarter : quarters) sums.Add(quarter);
 }
 
-// Adds what fits in whole rounds.
-std::size_t AddRounds(const StoredPixels& pixels, ChannelSums& sums, WordBits& bits) {
+std::size_t AddGrey(const StoredPixels& pixels, SampleSums& sums, WordBits& bits) {
     QuarterSums quarters;
-    std::array<QuarterSums, 3> thirds;
     std::size_t done = 0;
+    if (pixels.layout == PixelLayout::mono8)
+        done = AddAlike<ByteLanes, AsStored>(pixels.bytes, quarters, bits);
+    if (pixels.layout == PixelLayout::mono12)
+        done = AddAlike<SmallWordLanes, Packed12>(pixels.bytes, quarters, bits);
+    if (pixels.layout == PixelLayout::mono16)
+        done = AddAlike<WordLanes, AsStored>(pixels.bytes, quarters, bits);
+    AddAll(quarters, sums);
+    return done;
+}
+
+// Colour bytes, of which a register's quarters are the channels.
+std::size_t AddColourBytes(const StoredPixels& pixels, ChannelSums& sums, WordBits& bits) {
+    QuarterSums quarters;
+    const std::size_t done = pixels.layout == PixelLayout::bgrx8
+                                 ? AddAlike<ByteLanes, Quads>(pixels.bytes, quarters, bits)
+                                 : AddAlike<ByteLanes, Triples>(pixels.bytes, quarters, bits);
+    for (std::size_t channel = 0; channel < sums.size(); ++channel) sums[channel].Add(quarters[channel]);
+    return done;
+}
+
+// Words, and bytes that are looked up: every register has one channel.
+std::size_t AddColourRegisters(const StoredPixels& pixels, ChannelSums& sums, WordBits& bits) {
+    std::array<QuarterSums, 3> channels;
+    const std::size_t done = pixels.palette ? AddIndices(pixels.bytes, *pixels.palette, channels)
+                             : pixels.layout == PixelLayout::rgb12
+                                 ? AddColours<SmallWordLanes, Packed12>(pixels.bytes, channels, bits)
+                                 : AddColours<WordLanes, AsStored>(pixels.bytes, channels, bits);
+    for (std::size_t channel = 0; channel < sums.size(); ++channel) AddAll(channels[channel], sums[channel]);
+    return done;
+}
+
+// Adds whole rounds from the front.
+std::size_t AddFront(const StoredPixels& pixels, ChannelSums& sums, WordBits& bits) {
     switch (pixels.layout) {
         case PixelLayout::mono8:
-            if (pixels.palette) {
-                done = AddIndices(pixels.bytes, *pixels.palette, thirds);
-                break;
-            }
-            done = AddAlike<ByteLanes, AsStored>(pixels.bytes, thirds[0], bits);
-            break;
-        case PixelLayout::mono16:
-            done = AddAlike<WordLanes, AsStored>(pixels.bytes, thirds[0], bits);
-            break;
+        case PixelLayout::mono10:
         case PixelLayout::mono12:
-            done = AddAlike<SmallWordLanes, Packed12>(pixels.bytes, thirds[0], bits);
-            break;
-        case PixelLayout::rgb12:
-            done = AddThirds<SmallWordLanes, Packed12>(pixels.bytes, thirds, bits);
-            break;
-        case PixelLayout::rgb16:
-        case PixelLayout::bgr16:
-            done = AddThirds<WordLanes, AsStored>(pixels.bytes, thirds, bits);
-            break;
+        case PixelLayout::mono14:
+        case PixelLayout::mono16:
+            return pixels.palette ? AddColourRegisters(pixels, sums, bits) : AddGrey(pixels, sums[0], bits);
         case PixelLayout::rgb8:
         case PixelLayout::bgr8:
-            done = AddAlike<ByteLanes, Triples>(pixels.bytes, quarters, bits);
-            break;
         case PixelLayout::bgrx8:
-            done = AddAlike<ByteLanes, Quads>(pixels.bytes, quarters, bits);
-            break;
-        case PixelLayout::mono10:
-        case PixelLayout::mono14:
-            break;
+            return AddColourBytes(pixels, sums, bits);
+        case PixelLayout::rgb12:
+        case PixelLayout::rgb16:
+        case PixelLayout::bgr16:
+            return AddColourRegisters(pixels, sums, bits);
     }
-    for (std::size_t channel = 0; channel < pixels.Channels(); ++channel) {
-        sums[channel].Add(quarters[channel]);
-        AddAll(thirds[channel], sums[channel]);
-    }
-    return done;
+    return 0;
 }
 
 }  // namespace
@@ -234,9 +272,9 @@ std::size_t AddStored(const StoredPixels& pixels, std::array<SampleSums, 3>& sum
     if (!HasAvx512()) return 0;
     StoredPixels left = pixels;
     ChannelSums channels;
-    while (const std::size_t done = AddRounds(left, channels, bits)) left.bytes = left.bytes.subspan(done);
+    while (const std::size_t done = AddFront(left, channels, bits)) left.bytes = left.bytes.subspan(done);
     const bool red_first = IsRedFirst(pixels.layout);
-    for (std::size_t i = 0; i < channels.size(); ++i) sums[red_first ? 2 - i : i].Add(channels[i]);
+    for (std::size_t i = 0; i < pixels.Channels(); ++i) sums[red_first ? 2 - i : i].Add(channels[i]);
     return pixels.bytes.size() - left.bytes.size();
 }
 

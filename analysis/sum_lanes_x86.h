@@ -105,9 +105,10 @@ struct ByteLanes {
 // Words less 32768, which is what fits the processor's signed products.
 struct WordLanes {
     static constexpr std::size_t kQuarterSamples = kQuarterBytes / 2;
-    static constexpr std::size_t kRoundsAtOnce = kMostRounds;
+    static constexpr std::size_t kRoundsAtOnce = 256;
     __m512i min, max, values;
-    __m512i squares, upper;  // modulo 2^32; and of their upper halves alone
+    __m512i squares, top;     // modulo 2^32; and of their upper eight bits alone
+    __m512i tops, even, odd;  // what came of the upper bits, and of the 24 lower ones, in 64 bits
     __m512i first, differing;
 
     PIXORA_AVX512 inline explicit WordLanes(const WordBits& bits)
@@ -115,7 +116,10 @@ struct WordLanes {
           max(_mm512_set1_epi16(-32768)),
           values(_mm512_setzero_si512()),
           squares(values),
-          upper(values),
+          top(values),
+          tops(values),
+          even(values),
+          odd(values),
           first(_mm512_set1_epi16(static_cast<short>(bits.first))),
           differing(values) {}
     PIXORA_AVX512 inline void Add(__m512i words) {
@@ -126,20 +130,26 @@ struct WordLanes {
         values = _mm512_dpwssd_epi32(values, centred, _mm512_set1_epi16(1));
         const __m512i pairs = _mm512_madd_epi16(centred, centred);  // up to 2^31: no sign
         squares = _mm512_add_epi32(squares, pairs);
-        upper = _mm512_add_epi32(upper, _mm512_srli_epi32(pairs, 16));
+        top = _mm512_dpbusd_epi32(top, pairs, _mm512_set1_epi32(1 << 24));
         differing = _mm512_ternarylogic_epi32(differing, words, first, kOrDifference);
     }
-    PIXORA_AVX512 inline void Settle() {}
+    // The 24 lower bits of so many pairs add up to less than 2^32.
+    PIXORA_AVX512 inline void Settle() {
+        const __m512i lower = _mm512_sub_epi32(squares, _mm512_slli_epi32(top, 24));
+        even = _mm512_add_epi64(even, _mm512_and_si512(lower, _mm512_set1_epi64(0xFFFFFFFF)));
+        odd = _mm512_add_epi64(odd, _mm512_srli_epi64(lower, 32));
+        tops = _mm512_add_epi32(tops, top);
+        squares = top = _mm512_setzero_si512();
+    }
     PIXORA_AVX512 void Take(std::uint64_t count, QuarterSums& sums, WordBits& bits) const {
         constexpr std::uint64_t kMiddle = 32768;
         const auto back = [](std::int16_t value) { return static_cast<std::uint16_t>(value + 32768); };
         const auto least = Values<std::int16_t>(min), most = Values<std::int16_t>(max);
         const auto totals = Values<std::int32_t>(values);
-        // The lower halves add up to less than 2^32.
-        const auto lower = Values<std::uint32_t>(_mm512_sub_epi32(squares, _mm512_slli_epi32(upper, 16)));
-        const auto halves = Values<std::uint32_t>(upper);
+        const auto upper = Values<std::uint32_t>(tops);
+        const auto lower = Values<std::uint64_t>(_mm512_add_epi64(even, odd));
         for (std::size_t i = 0; i < kQuarters; ++i) {
-            const std::uint64_t total = Total(totals, i), square = (Total(halves, i) << 16) + Total(lower, i);
+            const std::uint64_t total = Total(totals, i), square = (Total(upper, i) << 24) + Total(lower, i);
             sums[i].Add({count, total + kMiddle * count,
                          square + 2 * kMiddle * total + kMiddle * kMiddle * count, back(Least(least, i)),
                          back(Most(most, i))});

@@ -8,6 +8,8 @@
 #include <span>
 #include <utility>
 
+#include "base/pages.h"
+
 namespace pixora {
 
 /// How much is read or written at a time: large enough that the calls cost nothing, small enough to stay in
@@ -24,7 +26,7 @@ public:
         if (bytes <= kBlockBytes && spare)
             memory_ = std::move(spare);
         else
-            memory_.reset(static_cast<std::byte*>(::operator new(capacity_, kPage)));
+            Take();
     }
     ~BlockMemory() {
         if (capacity_ == kBlockBytes) spare = std::move(memory_);
@@ -35,10 +37,14 @@ public:
     [[nodiscard]] std::span<std::byte> All() { return {memory_.get(), size_}; }
 
 private:
-    static constexpr std::align_val_t kPage{4096};
+    static constexpr std::align_val_t kPage{kPageBytes};
     struct Free {
         void operator()(std::byte* memory) const noexcept { ::operator delete(memory, kPage); }
     };
+    void Take() {
+        memory_.reset(static_cast<std::byte*>(::operator new(capacity_, kPage)));
+        PreparePages(All());
+    }
     static inline std::unique_ptr<std::byte, Free> spare;
 
     std::size_t size_, capacity_;

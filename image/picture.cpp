@@ -9,7 +9,6 @@ constexpr std::size_t kPictureBlockBytes = std::size_t{1} << 19;
 
 // Systems keep files in memory by pages of this size, and writing a part of one costs as much as writing it
 // whole.
-constexpr std::size_t kPageBytes = 4096;
 
 }  // namespace
 

@@ -6,6 +6,9 @@
 
 #include <immintrin.h>
 
+#include <algorithm>
+#include <array>
+
 namespace pixora::x86 {
 namespace {
 
@@ -89,27 +92,33 @@ PIXORA_SSSE3 std::size_t Repeat(const std::uint16_t* grey, std::size_t count, st
     return done;
 }
 
-__m128i LoadBytes(const std::byte* from) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+PIXORA_AVX2 __m256i LoadBytes(const std::byte* from) {
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
 }
 
-// Sixteen grey pixels are 48 bytes, each equal to the next one, except from one pixel to another.
-std::size_t Find(const std::byte* triples, std::size_t count, bool& colour) {
-    const __m128i masks[] = {_mm_setr_epi8(-1, -1, 0, -1, -1, 0, -1, -1, 0, -1, -1, 0, -1, -1, 0, -1),
-                             _mm_setr_epi8(-1, 0, -1, -1, 0, -1, -1, 0, -1, -1, 0, -1, -1, 0, -1, -1),
-                             _mm_setr_epi8(0, -1, -1, 0, -1, -1, 0, -1, -1, 0, -1, -1, 0, -1, -1, 0)};
+// Bytes that have their successor in their own pixel, when byte `first` is the last one of a pixel.
+PIXORA_AVX2 __m256i WithSuccessor(int first) {
+    alignas(32) std::array<std::int8_t, 32> mask{};
+    for (int i = 0; i < 32; ++i) mask[static_cast<std::size_t>(i)] = i % 3 == first ? 0 : -1;
+    return _mm256_load_si256(reinterpret_cast<const __m256i*>(mask.data()));
+}
+
+// In grey pixels each byte is equal to the next one, except from one pixel to another. A piece is looked at
+// whole, so that the loop over it has no way out.
+PIXORA_AVX2 std::size_t Find(const std::byte* triples, std::size_t count, bool& colour) {
+    constexpr std::size_t kBytes = 32, kRound = 3 * kBytes, kPieceRounds = 16;
+    const __m256i masks[] = {WithSuccessor(2), WithSuccessor(0), WithSuccessor(1)};
     std::size_t done = 0;
-    for (; done + 49 <= count; done += 48) {
-        __m128i differing = _mm_setzero_si128();
-        for (std::size_t part = 0; part < 3; ++part) {
-            const std::byte* at = triples + done + 16 * part;
-            differing = _mm_or_si128(
-                differing, _mm_and_si128(_mm_xor_si128(LoadBytes(at), LoadBytes(at + 1)), masks[part]));
-        }
-        if (_mm_movemask_epi8(_mm_cmpeq_epi8(differing, _mm_setzero_si128())) != 0xFFFF) {
-            colour = true;
-            break;
-        }
+    while (!colour && done + kRound < count) {
+        const std::size_t rounds = std::min((count - 1 - done) / kRound, kPieceRounds);
+        __m256i differing = _mm256_setzero_si256();
+        for (const std::size_t end = done + rounds * kRound; done < end; done += kRound)
+            for (std::size_t part = 0; part < 3; ++part) {
+                const std::byte* at = triples + done + kBytes * part;
+                const __m256i changes = _mm256_xor_si256(LoadBytes(at), LoadBytes(at + 1));
+                differing = _mm256_or_si256(differing, _mm256_and_si256(changes, masks[part]));
+            }
+        colour = _mm256_testz_si256(differing, differing) == 0;
     }
     return done;
 }
@@ -117,7 +126,7 @@ std::size_t Find(const std::byte* triples, std::size_t count, bool& colour) {
 }  // namespace
 
 std::size_t FindColour(std::span<const std::byte> triples, bool& colour) {
-    return Find(triples.data(), triples.size(), colour);
+    return HasAvx2() ? Find(triples.data(), triples.size(), colour) : 0;
 }
 
 std::size_t SwapRedAndBlue(std::span<std::uint16_t> samples) {
