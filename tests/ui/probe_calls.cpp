@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace pixora::ui {
 namespace {
@@ -45,7 +46,7 @@ const std::array kImports = {
     Counting<3, files, void*, const wchar_t*, const wchar_t*>("_wfopen"),
     Counting<4, files, HANDLE, const wchar_t*, DWORD, DWORD, SECURITY_ATTRIBUTES*, DWORD, DWORD, HANDLE>(
         "CreateFileW"),
-    Counting<5, reads, std::size_t, void*, std::size_t, std::size_t, void*>("fread"),
+    Counting<5, files, int, const wchar_t*, int, int>("_wopen"),  // whether or not a call has the third
     Counting<6, reads, int, int, void*, unsigned>("_read"),
 };
 
@@ -61,7 +62,8 @@ bool Replace(void** place, void* function) {
     return VirtualProtect(place, sizeof *place, access, &access);
 }
 
-/// Puts the counting functions in the place of the imports. @return how many of them there are.
+/// Puts the counting functions in the place of the imports, some of which stand there twice.
+/// @return how many different ones there are.
 std::size_t PutInPlace() {
     void* module = GetModuleHandleW(nullptr);
     const auto* dos = At<IMAGE_DOS_HEADER>(module, 0);
@@ -77,8 +79,8 @@ std::size_t PutInPlace() {
             const auto* import = At<IMAGE_IMPORT_BY_NAME>(module, name->u1.AddressOfData);
             for (const Import& counted : kImports) {
                 if (std::strcmp(reinterpret_cast<const char*>(import->Name), counted.name) != 0) continue;
-                *counted.original = *place;
-                if (Replace(place, counted.counting)) ++replaced;
+                const bool again = std::exchange(*counted.original, *place) != nullptr;
+                if (Replace(place, counted.counting) && !again) ++replaced;
             }
         }
     }
