@@ -7,9 +7,6 @@ namespace {
 
 constexpr std::size_t kPictureBlockBytes = std::size_t{1} << 19;
 
-// Systems keep files in memory by pages of this size, and writing a part of one costs as much as writing it
-// whole.
-
 }  // namespace
 
 PictureWriter::PictureWriter(AtomicFile file, std::uint32_t width, std::uint32_t height, RowOrder order)
@@ -40,12 +37,15 @@ std::span<std::byte> PictureWriter::Row() {
 }
 
 void PictureWriter::NextRow() {
+    // What waits moves the rows of a block, so that their padding lies where pixels of the block before lay.
+    std::ranges::fill(Row().subspan(3 * width_), std::byte{});
     column_ = 0;
     ++row_;
     if (row_ - flushed_rows_ == block_rows_) Flush(false);
 }
 
-// Writes the block up to the last whole page; the rest waits, unless nothing more comes.
+// Writes the block up to the last whole page; the rest waits, unless nothing more comes. Systems keep files
+// in memory by pages, and writing a part of one costs as much as writing it whole.
 void PictureWriter::Flush(bool last) {
     const std::size_t used = carried_ + (row_ - flushed_rows_) * stride_;
     const auto block = std::span(block_);

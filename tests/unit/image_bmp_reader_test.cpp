@@ -283,3 +283,31 @@ TEST_CASE("a write-protected copy of an earlier image is replaced") {
     const auto permissions = std::filesystem::status(folder / "copy.bmp").permissions();
     CHECK((permissions & std::filesystem::perms::owner_write) != std::filesystem::perms::none);
 }
+
+TEST_CASE("the padding of a large copy is zero in every row") {
+    constexpr int kWidth = 1001, kHeight = 1000;
+    constexpr std::size_t kStride = 3004, kPixels = 3003;
+    const std::string white(std::size_t{kWidth} * kHeight * 4, '\xFF');
+    const ScratchFolder folder;
+    for (const int height : {kHeight, -kHeight})
+        for (const std::uint16_t bits : {std::uint16_t{8}, std::uint16_t{32}})
+            for (const std::size_t missing : {std::size_t{0}, white.size() - 700'001}) {
+                CAPTURE(height);
+                CAPTURE(bits);
+                CAPTURE(missing);
+                const BmpFile file{.width = kWidth,
+                                   .height = height,
+                                   .bits = bits,
+                                   .data_offset = 54 + 1024,
+                                   .before_data = std::string(1024, '\xFF'),
+                                   .pixels = white.substr(missing)};
+                const auto source = folder.Write("a.bmp", file.Make());
+                REQUIRE(ConvertBmp(source, folder / "copy.bmp").result == ReadResult::accepted);
+                const std::string copy = folder.Read("copy.bmp");
+                REQUIRE(copy.size() == 54 + kStride * kHeight);
+                int rows = 0;
+                for (std::size_t row = 0; row < kHeight; ++row)
+                    rows += copy[54 + row * kStride + kPixels] == '\0' ? 1 : 0;
+                CHECK(rows == kHeight);
+            }
+}
