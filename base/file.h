@@ -6,13 +6,13 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "base/block_memory.h"
+#include "base/stop.h"
 
 namespace pixora {
 
@@ -64,7 +64,7 @@ private:
 /// Reads up to `total` bytes, a whole number of units of `unit` bytes, from where the file stands, block by
 /// block. Calls `consume(got, whole)` for each: the bytes that the file held, and the same with what is
 /// missing of a last unit as zeros. It says whether to go on; a file that ends early just ends the reading.
-/// @return false when `consume` did.
+/// @return false when `consume` did, or a stop was requested.
 template <typename Consume>
 [[nodiscard]] bool ForEachBlock(File& file, std::uint64_t total, std::size_t unit, Consume consume) {
     const std::uint64_t largest = std::max<std::size_t>(1, kBlockBytes / unit) * unit;
@@ -73,6 +73,7 @@ template <typename Consume>
     const std::span block = memory.All();
     for (std::uint64_t done = 0; done < total;) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, total - done));
+        if (StopRequested()) return false;
         const auto [got, whole] = file.ReadUnits(block.first(wanted), unit);
         if (got == 0) break;
         if (!consume(std::span<const std::byte>(block.first(got)),

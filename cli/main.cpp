@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/stop.h"
 #include "cli/run.h"
-#include "cli/stop.h"
 
 namespace pixora::cli {
 namespace {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "cli/stop.h"
-
 namespace pixora::cli {
 
 bool IsInside(const Region& region, int width, int height) {
@@ -39,7 +37,6 @@ bool PartSink::Begin(std::uint32_t width, std::uint32_t height, RowOrder order) 
 }
 
 bool PartSink::Take(std::span<const std::uint16_t> samples, std::size_t channels) {
-    if (!GoesOn()) return false;
     const auto image_width = static_cast<std::size_t>(image_width_);
     while (!samples.empty() && row_ < static_cast<std::size_t>(image_height_)) {
         const std::size_t pixels = std::min(samples.size() / channels, RowsAtOnce() * image_width - column_);
@@ -52,15 +49,9 @@ bool PartSink::Take(std::span<const std::uint16_t> samples, std::size_t channels
 }
 
 bool PartSink::TakeStored(const StoredPixels& pixels) {
-    if (!GoesOn()) return false;
     KeepStored(pixels);
     Advance(pixels.Pixels());
     return true;
-}
-
-bool PartSink::GoesOn() {
-    if (StopRequested()) end_ = End::stopped;
-    return end_ == End::none;
 }
 
 void PartSink::Advance(std::size_t pixels) {

@@ -31,7 +31,7 @@ public:
     virtual void Complete() = 0;
 
     /// Why the reading was ended by this sink.
-    enum class End { none, outside, no_memory, stopped };
+    enum class End { none, outside, no_memory };
     [[nodiscard]] End Ended() const { return end_; }
 
     /// Size of the image, once it has begun.
@@ -73,7 +73,6 @@ protected:
 private:
     [[nodiscard]] std::optional<std::size_t> RowInPart() const;
     [[nodiscard]] std::size_t RowsAtOnce() const;
-    [[nodiscard]] bool GoesOn();
     void Advance(std::size_t pixels);
     void KeepPart(std::span<const std::uint16_t> run, std::size_t channels, std::size_t row);
 

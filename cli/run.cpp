@@ -4,11 +4,11 @@
 #include <exception>
 #include <variant>
 
+#include "base/stop.h"
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/paths.h"
 #include "cli/session.h"
-#include "cli/stop.h"
 
 namespace pixora::cli {
 namespace {

@@ -1,5 +1,6 @@
 #include "cli/session.h"
 
+#include "base/stop.h"
 #include "base/utf8.h"
 #include "cli/concat.h"
 #include "cli/paths.h"
@@ -46,7 +47,8 @@ void Session::Warn(const std::string& file, const ImportResult& read) const {
 
 std::optional<ImageBuffer> Session::Read(const std::string& file, PartSink* sink, int& status) const {
     ImportResult result = ReadImage(RequestFor(file), sink);
-    status = kDone;
+    status = StopRequested() ? kFailed : kDone;
+    if (StopRequested()) return std::nullopt;  // some of it may not have been read
     if (result.image) {
         if (sink) sink->Complete();
         Warn(file, result);
@@ -59,9 +61,6 @@ std::optional<ImageBuffer> Session::Read(const std::string& file, PartSink* sink
             break;
         case PartSink::End::no_memory:
             status = Refuse(file, RefusedForMemory(PathOf(file)));
-            break;
-        case PartSink::End::stopped:
-            status = kFailed;
             break;
         case PartSink::End::none:
             status = Refuse(file, result);

@@ -1,13 +1,13 @@
 // The commands that make a file from an image.
-#include <utility>
+#include <functional>
 
 #include "analysis/csv.h"
 #include "analysis/line_profile.h"
 #include "base/file.h"
+#include "base/stop.h"
 #include "cli/commands.h"
 #include "cli/paths.h"
 #include "cli/region_sink.h"
-#include "cli/stop.h"
 #include "image/read_result.h"
 #include "image/region_save.h"
 #include "viewer/region_file.h"
@@ -125,6 +125,7 @@ int Convert(Session& session, const std::string& file) {
         return CannotWrite(session, options.data);
     const ImportResult result =
         CopyImage(session.RequestFor(file), display->Name(), data ? data->Name() : fs::path());
+    if (StopRequested()) return kFailed;  // what has been copied may lack its end; the old files stay
     if (!result.image) {
         if (result.code != static_cast<int>(ReadResult::write_failed)) return session.Refuse(file, result);
         session.Say(result.data_copy_failed ? options.data : options.out, kCannotWrite);
@@ -135,7 +136,6 @@ int Convert(Session& session, const std::string& file) {
         return kUsage;
     }
     session.Warn(file, result);
-    if (StopRequested()) return kFailed;  // the old files stay
     if (data && !data->Commit()) return CannotWrite(session, options.data);
     return display->Commit() ? kDone : CannotWrite(session, options.out);
 }

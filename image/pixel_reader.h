@@ -35,7 +35,7 @@ public:
     /// pieces of whole pixels, which it may change, then visitor.Keep(samples) for all of them where the
     /// layout stores words and has them in place. What is missing of a last unit is zeros; a file that ends
     /// early just ends the reading.
-    /// @return false when See() or Keep() said so.
+    /// @return false when See() or Keep() said so, or a stop was requested.
     template <typename Visitor>
     [[nodiscard]] bool ForEachBlock(Visitor& visitor) {
         if (!file_.Seek(start_)) return true;
@@ -44,6 +44,7 @@ public:
             std::as_writable_bytes(std::span(block_)).first(kBlockBytes / unit_.bytes * unit_.bytes);
         for (std::uint64_t left = End() - start_; left > 0;) {
             const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, block.size()));
+            if (StopRequested()) return false;
             const auto [got, whole] = file_.ReadUnits(block.first(wanted), unit_.bytes);
             if (got == 0) return true;
             if (!visitor.See(block.first(got))) return false;
@@ -59,7 +60,7 @@ public:
 
     /// For each block: consume(whole units as stored). What is missing of a last unit is zeros; a file that
     /// ends early just ends the reading.
-    /// @return false when `consume` did.
+    /// @return false when `consume` did, or a stop was requested.
     template <typename Consume>
     [[nodiscard]] bool ForEachStored(Consume consume) {
         return !file_.Seek(start_) || pixora::ForEachBlock(file_, End() - start_, unit_.bytes,

@@ -1,5 +1,6 @@
 """How pixora-cli behaves around its figures: wrong usage, refusals, batches, names, outputs, Ctrl+C."""
 
+import contextlib
 import json
 import os
 import pty
@@ -291,6 +292,33 @@ def check_stopping(checks):
     checks.that("a batch that is stopped", good and (not results or results.endswith(b"\n")))
 
 
+def check_stopping_a_copy(checks):
+    """A signal ends the copying of a very large image where it is, and leaves nothing of it."""
+    folder, source = checks.folder / "copy", checks.fresh("huge.bmp")
+    folder.mkdir()
+    width, height = 65535, 20000
+    size = 54 + (3 * width + 3) // 4 * 4 * height
+    header = struct.pack("<2sIIIIiiHHIIiiII", b"BM", 0, 0, 54, 40, width, height, 1, 24, 0, 0, 0, 0, 0, 0)
+    source.write_bytes(header)
+    os.truncate(source, size)  # takes no space
+    target = folder / "a.bmp"
+    target.write_bytes(b"old")
+    process = subprocess.Popen([checks.program, "convert", source, "--display", target])
+    end, copy = time.monotonic() + 60, None
+    while not copy and time.monotonic() < end:
+        for path in folder.glob(".*"):
+            with contextlib.suppress(FileNotFoundError):  # some are there for a moment
+                if path.stat().st_size > 0:
+                    copy = path.open("rb")
+    process.send_signal(signal.SIGINT)
+    status = process.wait(60)
+    copied = os.fstat(copy.fileno()).st_size if copy else 0
+    names = [path.name for path in folder.iterdir()]
+    checks.that(f"stopped after {copied} of {size} bytes: {status}", status == -2 and 0 < copied < size)
+    checks.that(f"nothing is left of a copy: {names}", names == ["a.bmp"] and target.read_bytes() == b"old")
+    source.unlink()
+
+
 def check_stopping_twice(checks, image):
     """A program that waits for a reader of its results hears of a second signal."""
     process = subprocess.Popen([checks.program, "info", *[image] * 3000], stdout=subprocess.PIPE)
@@ -361,6 +389,7 @@ def check(checks, root):
     check_strip_table(checks)
     check_many(checks, image)
     check_stopping(checks)
+    check_stopping_a_copy(checks)
     check_stopping_twice(checks, image)
     check_examples(checks, root)
     check_short_examples(checks, root)

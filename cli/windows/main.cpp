@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "base/stop.h"
 #include "base/utf8.h"
 #include "cli/run.h"
-#include "cli/stop.h"
 
 // The run-time library leaves `*` and `?` to the program.
 extern "C" {
@@ -93,5 +93,5 @@ int wmain(int count, wchar_t** arguments) {
     for (int i = 1; i < count; ++i) texts.push_back(pixora::Utf8FromWide(arguments[i]));
     StandardStreams streams;
     const int status = Run(texts, streams, true);
-    return StopRequested() ? static_cast<int>(kStoppedStatus) : status;
+    return pixora::StopRequested() ? static_cast<int>(kStoppedStatus) : status;
 }

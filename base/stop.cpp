@@ -1,8 +1,8 @@
-#include "cli/stop.h"
+#include "base/stop.h"
 
 #include <atomic>
 
-namespace pixora::cli {
+namespace pixora {
 namespace {
 
 std::atomic<bool> stop_requested{false};
@@ -18,4 +18,4 @@ bool StopRequested() noexcept {
     return stop_requested.load(std::memory_order_relaxed);
 }
 
-}  // namespace pixora::cli
+}  // namespace pixora
