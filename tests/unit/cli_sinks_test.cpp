@@ -2,6 +2,7 @@
 
 #include "analysis/measurement.h"
 #include "app/import.h"
+#include "base/block_memory.h"
 #include "cli/region_sink.h"
 #include "tests/unit/support/scratch_folder.h"
 #include "tests/unit/support/small_files.h"
@@ -35,12 +36,47 @@ std::string NegativeFile() {
         .Make();
 }
 
+// Files of several blocks, with padded rows where the kind has any: whole, and cut where the first block
+// ends.
+std::vector<std::string> LargeFiles() {
+    constexpr int kWidth = 1003, kHeight = 200;
+    std::vector<std::string> files;
+    const auto add = [&](const std::string& whole, std::size_t header) {
+        files.push_back(whole);
+        for (const std::size_t pixels : {kBlockBytes - 1, kBlockBytes, kBlockBytes + 1})
+            if (header + pixels < whole.size()) files.push_back(whole.substr(0, header + pixels));
+    };
+    for (const int height : {kHeight, -kHeight})
+        for (const std::uint16_t bits : {std::uint16_t{8}, std::uint16_t{24}, std::uint16_t{32}})
+            add(BmpFile{.width = kWidth,
+                        .height = bits == 8 ? 2 * height : height,
+                        .bits = bits,
+                        .data_offset = 54 + 1024,
+                        .before_data = Noise(1024, 4),
+                        .pixels = Noise(std::size_t{kWidth} * kHeight * 4, 5)}
+                    .Make(),
+                54 + 1024);
+    for (const int photometric : {1, 2})
+        for (const int bits : {8, 12, 16}) {
+            const std::string pixels = Noise(std::size_t{kWidth} * kHeight * 6, 6);
+            const std::string whole = TiffFile{.width = kWidth,
+                                               .height = kHeight,
+                                               .photometric = photometric,
+                                               .bits = bits,
+                                               .pixels = pixels}
+                                          .Make();
+            add(whole, whole.size() - pixels.size());
+        }
+    return files;
+}
+
 }  // namespace
 
 TEST_CASE("figures taken while a file is read are those of its samples in a viewer") {
     const ScratchFolder folder;
     std::vector<std::string> files = SmallFiles();
     files.push_back(NegativeFile());
+    for (std::string& large : LargeFiles()) files.push_back(std::move(large));
     std::size_t measured_files = 0;
     for (const std::string& bytes : files)
         for (const wchar_t* auto_bit : {L"ON", L"OFF"}) {
