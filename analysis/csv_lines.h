@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -94,6 +95,7 @@ private:
     CsvField field_;
     std::uint32_t value_;
     std::uint32_t steps_ = 0;  // until another digit than the last one changes
+    static_assert(std::endian::native == std::endian::little);  // the first digit is the lowest byte
     // In a register: bytes that have just been written one by one would make a read of all of them wait.
     std::uint64_t text_ = 0, last_digit_ = 0;
     std::ptrdiff_t length_ = 0;

@@ -21,11 +21,6 @@ bool StoresBytes(PixelLayout layout) {
            layout == PixelLayout::bgrx8;
 }
 
-// Layouts whose words are samples as they stand.
-bool StoresSamples(PixelLayout layout) {
-    return StoresWords(layout) && layout != PixelLayout::mono14;
-}
-
 // How many words are a whole number of pixels; two where each has only one sample, to be counted in turn.
 std::size_t PeriodOf(PixelLayout layout) {
     if (ChannelsOf(layout) == 1) return StoresBytes(layout) ? 2 : 1;

@@ -19,7 +19,7 @@ class StoredCounts {
 public:
     /// @param pixels  of the same layout and palette each time. May throw when there is no memory.
     void Add(const StoredPixels& pixels);
-    /// As many black pixels.
+    /// Adds black ones.
     void AddZeros(std::uint64_t pixels) { zeros_ += pixels; }
 
     /// The bits in which samples of 16-bit words differ from one another, and from zeros if any follow.

@@ -24,7 +24,7 @@ SampleSums WithoutLowBits(const SampleSums& sums, int shift) {
 
 void StoredSums::Add(const StoredPixels& pixels) {
     if (pixels.bytes.empty()) return;
-    if (!first_ && StoresWords(pixels.layout)) first_ = FirstWord(pixels.bytes);
+    if (!first_ && StoresSamples(pixels.layout)) first_ = FirstWord(pixels.bytes);
     x86::WordBits bits{first_.value_or(0), differing_};
     const std::size_t done = x86::AddStored(pixels, channels_, bits);
     differing_ = bits.differing;

@@ -15,7 +15,8 @@ namespace pixora {
 class StoredSums {
 public:
     /// @param pixels  of the same layout and palette each time.
-    void Add(const StoredPixels& pixels);  /// As many black pixels.
+    void Add(const StoredPixels& pixels);
+    /// Adds black ones.
     void AddZeros(std::uint64_t pixels);
 
     /// The channels by their places: 0 blue, 1 green, 2 red; grey 0 alone.

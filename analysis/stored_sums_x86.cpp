@@ -44,11 +44,8 @@ constexpr Packing kPacked12 = [] {
 // Every third word of a register, from the first, second or third one on.
 constexpr std::array<__mmask32, 3> kThirds{0x49249249, 0x92492492, 0x24924924};
 
-// Three quarters of a register.
+// What three quarters of a register are filled from.
 constexpr std::size_t kShortBytes = kRegisterBytes / 4 * 3;
-PIXORA_AVX512 inline __m512i LoadShort(const std::byte* from) {
-    return Load(from);
-}
 
 // What stands in the file, made to a register of samples; a step is how many bytes of the file that takes.
 struct AsStored {
@@ -70,7 +67,7 @@ struct Triples {
     __m512i from;
     PIXORA_AVX512 inline Triples() : from(Load(kTriplesByChannel.data())) {}
     PIXORA_AVX512 inline __m512i operator()(const std::byte* at) const {
-        return _mm512_permutexvar_epi8(from, LoadShort(at));
+        return _mm512_permutexvar_epi8(from, Load(at));
     }
 };
 
@@ -80,7 +77,7 @@ struct Packed12 {
     PIXORA_AVX512 inline Packed12()
         : from(Load(kPacked12.from.data())), shifts(Load(kPacked12.shifts.data())) {}
     PIXORA_AVX512 inline __m512i operator()(const std::byte* at) const {
-        const __m512i words = _mm512_permutexvar_epi8(from, LoadShort(at));
+        const __m512i words = _mm512_permutexvar_epi8(from, Load(at));
         return _mm512_and_si512(_mm512_srlv_epi16(words, shifts), _mm512_set1_epi16(0xFFF));
     }
 };

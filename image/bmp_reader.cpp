@@ -1,9 +1,6 @@
 #include "image/bmp_reader.h"
 
-#include <algorithm>
 #include <array>
-#include <cstring>
-#include <vector>
 
 #include "base/bytes.h"
 #include "image/bmp_layout.h"
@@ -146,7 +143,7 @@ BmpConversion ReadBmpSamples(const fs::path& source, SampleSink* sink) {
     const BmpHeader& header = found.header;
     bool colour = false, stopped = sink && !sink->Begin(header.width, header.height, OrderOf(header));
     std::optional<SampleFeed> feed;
-    if (sink) feed.emplace(*sink);
+    if (sink && !stopped) feed.emplace(*sink);
     const auto take = [&](const StoredPixels& pixels) {
         colour = colour || HasColour(pixels);
         if (!feed) return !colour && pixels.Channels() == 3;

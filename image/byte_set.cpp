@@ -54,6 +54,7 @@ std::size_t ByteSet::LookAtFront([[maybe_unused]] std::span<const std::byte> byt
 }
 
 bool ByteSet::HasAnyOf(std::span<const std::byte> bytes) const {
+    if (IsEmpty()) return false;
     bool found = false;
     const std::size_t done = LookAtFront(bytes, found);
     return found || std::ranges::any_of(bytes.subspan(done), [&](std::byte byte) {

@@ -1,7 +1,6 @@
 #include "image/pixels.h"
 
 #include <bit>
-#include <cstring>
 #include <utility>
 
 #include "image/pixels_x86.h"

@@ -66,6 +66,11 @@ struct PixelUnit {
     return UnitOf(layout).bytes == 2 * ChannelsOf(layout);
 }
 
+/// True for those of them whose words are the samples themselves.
+[[nodiscard]] constexpr bool StoresSamples(PixelLayout layout) {
+    return StoresWords(layout) && layout != PixelLayout::mono14;
+}
+
 /// How many samples are best decoded at a time: a piece stays in the processor's nearest cache while each
 /// step of a conversion passes over it. Whole pixels and units of every layout, and whole registers.
 inline constexpr std::size_t kPieceSamples = 7680;

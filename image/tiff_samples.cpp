@@ -47,12 +47,13 @@ private:
 // The valid bits alone; pixels are read only as far as these can still change.
 int FindBits(BitsGuess& guess, PixelReader& pixels) {
     std::uint64_t seen = 0;
-    static_cast<void>(guess.Settled() || pixels.ForEachStored([&](std::span<const std::byte> bytes) {
+    const auto look = [&](std::span<const std::byte> bytes) {
         const std::span words(reinterpret_cast<const std::uint16_t*>(bytes.data()), bytes.size() / 2);
         seen += words.size();
         guess.Add(words);
         return !guess.Settled();
-    }));
+    };
+    if (!guess.Settled()) static_cast<void>(pixels.ForEachStored(look));
     if (seen < pixels.Samples()) guess.AddMissing();
     guess.Mend();
     return guess.Bits();
