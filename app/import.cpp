@@ -130,6 +130,7 @@ protected:
     }
 
     const SourceRequest& request_;
+    FileType type_;  // the source, once it has been looked at
     ImageBuffer record_;
 
 private:
@@ -145,7 +146,7 @@ private:
     // Everything that the headers say, and the refusals that need no more.
     std::optional<Refused> ReadFacts() {
         type_ = DetectFileType(request_.source);
-        if (!type_.opened) return OpenError();
+        if (!type_.file) return OpenError();
         if (!type_.Known())
             return FileError(request_.source, L"This is an unsupported or invalid image file.",
                              ReadResult::not_supported);
@@ -194,8 +195,6 @@ private:
                 return DepthError(type_.bits);
         }
     }
-
-    FileType type_;
 };
 
 // Writes the copies of an image under the names in its record.
@@ -205,11 +204,11 @@ public:
 
 protected:
     std::optional<Refused> TakeBmp() override {
-        return WithDisplayCopy(NoteBmp(ConvertBmp(request_.source, record_.display_copy)));
+        return WithDisplayCopy(NoteBmp(ConvertBmp(type_, record_.display_copy)));
     }
     std::optional<Refused> TakeTiff16(int given_bits) override {
         const Tiff16Conversion conversion =
-            ConvertTiff16(request_.source, record_.display_copy, record_.data_copy, given_bits);
+            ConvertTiff16(type_, record_.display_copy, record_.data_copy, given_bits);
         if (!conversion.data_written) {
             Refused refused =
                 CorruptError(conversion.accepted ? ReadResult::write_failed : ReadResult::invalid);
@@ -221,8 +220,7 @@ protected:
             Refusal(conversion.display_written ? ReadResult::accepted : ReadResult::write_failed));
     }
     std::optional<Refused> TakeTiff() override {
-        return WithDisplayCopy(
-            Refusal(ConvertTiff(request_.source, record_.display_copy, record_.data_copy)));
+        return WithDisplayCopy(Refusal(ConvertTiff(type_, record_.display_copy, record_.data_copy)));
     }
     void GiveUp() override {
         if (!record_.display_copy.empty()) DeleteQuietly(record_.display_copy);
@@ -304,14 +302,14 @@ public:
     SampleImport(const SourceRequest& request, SampleSink* sink) : Import(request), sink_(sink) {}
 
 protected:
-    std::optional<Refused> TakeBmp() override { return NoteBmp(ReadBmpSamples(request_.source, sink_)); }
+    std::optional<Refused> TakeBmp() override { return NoteBmp(ReadBmpSamples(type_, sink_)); }
     std::optional<Refused> TakeTiff16(int given_bits) override {
-        const Tiff16Reading reading = ReadTiff16Samples(request_.source, given_bits, sink_);
+        const Tiff16Reading reading = ReadTiff16Samples(type_, given_bits, sink_);
         if (reading.result != ReadResult::accepted) return CorruptError(reading.result);
         NoteTiff16(reading.valid_bits);
         return std::nullopt;
     }
-    std::optional<Refused> TakeTiff() override { return Refusal(ReadTiffSamples(request_.source, sink_)); }
+    std::optional<Refused> TakeTiff() override { return Refusal(ReadTiffSamples(type_, sink_)); }
 
 private:
     SampleSink* sink_;

@@ -5,6 +5,7 @@
 #include "base/bytes.h"
 #include "image/bmp_layout.h"
 #include "image/bmp_pixels.h"
+#include "image/file_type.h"
 #include "image/picture.h"
 #include "image/pixels.h"
 #include "image/sample_feed.h"
@@ -88,29 +89,13 @@ BmpConversion ConvertPixels(File& source, const BmpHeader& header, const fs::pat
     return conversion;
 }
 
-// A source that has been looked at as far as its header goes.
-struct LookedAt {
-    std::optional<File> file;
-    BmpHeader header;
-    BmpConversion conversion;
-
-    [[nodiscard]] bool Accepted() const { return file && conversion.result == ReadResult::accepted; }
-};
-
-LookedAt LookAt(const fs::path& source) {
-    LookedAt found{.file = File::OpenForReading(source), .header = {}, .conversion = {}};
-    if (!found.file) return found;
-    const std::optional<BmpHeader> header = ReadBmpHeader(*found.file);
-    if (!header) {
-        found.conversion.result = ReadResult::invalid;
-        return found;
-    }
-    ReadResult result = CheckHeader(*header);
-    if (result == ReadResult::accepted && header->data_offset >= found.file->Size())
+// What the header alone tells. A header that is cut off has no size.
+BmpConversion LookAt(const FileType& source) {
+    if (!source.file) return {};
+    ReadResult result = CheckHeader(source.bmp);
+    if (result == ReadResult::accepted && source.bmp.data_offset >= source.file->Size())
         result = ReadResult::invalid;
-    found.header = *header;
-    found.conversion = {.result = result, .bit_count = header->bit_count};
-    return found;
+    return {.result = result, .bit_count = source.bmp.bit_count};
 }
 
 }  // namespace
@@ -130,30 +115,29 @@ std::optional<BmpHeader> ReadBmpHeader(File& file) {
     };
 }
 
-BmpConversion ConvertBmp(const fs::path& source, const fs::path& display_copy) {
-    LookedAt found = LookAt(source);
-    if (!found.Accepted()) return found.conversion;
-    return found.header.bit_count == 24 ? Copy24(*found.file, found.header, display_copy)
-                                        : ConvertPixels(*found.file, found.header, display_copy);
+BmpConversion ConvertBmp(FileType& source, const fs::path& display_copy) {
+    const BmpConversion looked = LookAt(source);
+    if (!source.file || looked.result != ReadResult::accepted) return looked;
+    return source.bmp.bit_count == 24 ? Copy24(*source.file, source.bmp, display_copy)
+                                      : ConvertPixels(*source.file, source.bmp, display_copy);
 }
 
-BmpConversion ReadBmpSamples(const fs::path& source, SampleSink* sink) {
-    LookedAt found = LookAt(source);
-    if (!found.Accepted()) return found.conversion;
-    const BmpHeader& header = found.header;
-    bool colour = false, stopped = sink && !sink->Begin(header.width, header.height, OrderOf(header));
+BmpConversion ReadBmpSamples(FileType& source, SampleSink* sink) {
+    BmpConversion conversion = LookAt(source);
+    if (!source.file || conversion.result != ReadResult::accepted) return conversion;
+    const BmpHeader& header = source.bmp;
+    bool stopped = sink && !sink->Begin(header.width, header.height, OrderOf(header));
     std::optional<SampleFeed> feed;
     if (sink && !stopped) feed.emplace(*sink);
     const auto take = [&](const StoredPixels& pixels) {
-        colour = colour || HasColour(pixels);
-        if (!feed) return !colour && pixels.Channels() == 3;
+        conversion.colour = conversion.colour || HasColour(pixels);
+        if (!feed) return !conversion.colour && pixels.Channels() == 3;
         stopped = !feed->Give(pixels);
         return !stopped;
     };
-    if (!stopped) ForEachStored(*found.file, header, take);
-    found.conversion.colour = colour;
-    if (stopped) found.conversion.result = ReadResult::write_failed;
-    return found.conversion;
+    if (!stopped) ForEachStored(*source.file, header, take);
+    if (stopped) conversion.result = ReadResult::write_failed;
+    return conversion;
 }
 
 }  // namespace pixora

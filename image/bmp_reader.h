@@ -12,6 +12,8 @@
 
 namespace pixora {
 
+struct FileType;
+
 /// The header fields that are used.
 struct BmpHeader {
     std::uint32_t data_offset = 0;  ///< where the pixel rows start, in bytes from the start of the file
@@ -35,13 +37,12 @@ struct BmpConversion {
 /// Decides whether a BMP file is accepted, tells whether it is colour, and writes its display copy: byte for
 /// byte for a 24-bit source, as a new 24-bit BMP for 8 and 32 bits. The source is read once. What a short
 /// file does not hold is black; one without any pixel data is invalid.
-/// @return `accepted` with no copy written when the source cannot be opened.
-[[nodiscard]] BmpConversion ConvertBmp(const std::filesystem::path& source,
-                                       const std::filesystem::path& display_copy);
+/// @return `accepted` with no copy written when the source could not be opened.
+[[nodiscard]] BmpConversion ConvertBmp(FileType& source, const std::filesystem::path& display_copy);
 
 /// Decides and tells the same, and gives the samples of the display copy to `sink` without writing one. With
 /// no sink the pixels are read only up to the first coloured one.
 /// @return `write_failed` when the sink ended the reading.
-[[nodiscard]] BmpConversion ReadBmpSamples(const std::filesystem::path& source, SampleSink* sink);
+[[nodiscard]] BmpConversion ReadBmpSamples(FileType& source, SampleSink* sink);
 
 }  // namespace pixora

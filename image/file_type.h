@@ -1,9 +1,11 @@
-// What kind of file a path names.
+// A file that is to be read: what kind it is, and what its header says.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
+#include "base/file.h"
 #include "image/bmp_reader.h"
 #include "image/image_buffer.h"
 #include "image/tiff_header.h"
@@ -11,7 +13,7 @@
 namespace pixora {
 
 struct FileType {
-    bool opened = false;  ///< false: the file cannot be read at all
+    std::optional<File> file;  ///< open; nothing when it cannot be read at all
     ImageFileKind kind =
         ImageFileKind::unknown;  ///< bmp, tiff_little or tiff_big when the signature is known
     std::uint32_t bits = 8;      ///< per sample: 8 for BMP, what the header says for TIFF

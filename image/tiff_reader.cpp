@@ -161,32 +161,31 @@ int DisplayShift(const TiffInfo& info) {
     return either(16) ? 8 : either(12) ? 4 : 0;
 }
 
-ReadResult ConvertTiff(const fs::path& source, const fs::path& display_copy, const fs::path& byte_copy) {
-    TiffSource found = OpenTiff(source);
-    if (found.result != ReadResult::accepted) return found.result;
-    const TiffInfo& info = found.header.info;
-    PixelReader pixels(*found.file, info, *LayoutOf(info));
+ReadResult ConvertTiff(FileType& source, const fs::path& display_copy, const fs::path& byte_copy) {
+    const ReadResult result = CheckTiff(source);
+    if (result != ReadResult::accepted) return result;
+    const TiffInfo& info = source.tiff.info;
+    PixelReader pixels(*source.file, info, *LayoutOf(info));
 
     if (byte_copy.empty()) {
-        const bool shown = WriteDisplay(*found.file, pixels, *LayoutOf(info), info, display_copy);
+        const bool shown = WriteDisplay(*source.file, pixels, *LayoutOf(info), info, display_copy);
         return shown ? ReadResult::accepted : ReadResult::write_failed;
     }
     std::optional<DisplayCopy> display = DisplayCopy::Create(display_copy, info, *LayoutOf(info));
     DeleteQuietly(byte_copy);
     std::optional<AtomicFile> copy = AtomicFile::Create(byte_copy);
-    const bool written = display && copy && DisplayPass(*display, &copy->Out()).Run(*found.file, pixels) &&
+    const bool written = display && copy && DisplayPass(*display, &copy->Out()).Run(*source.file, pixels) &&
                          copy->Commit() && display->Commit();
     return written ? ReadResult::accepted : ReadResult::write_failed;
 }
 
-Tiff16Conversion ConvertTiff16(const fs::path& source, const fs::path& display_copy,
-                               const fs::path& data_copy, int valid_bits) {
-    TiffSource found = OpenTiff16(source);
-    if (found.result != ReadResult::accepted) return {};
-    const TiffInfo& info = found.header.info;
-    PixelReader pixels(*found.file, info, Layout16(info));
+Tiff16Conversion ConvertTiff16(FileType& source, const fs::path& display_copy, const fs::path& data_copy,
+                               int valid_bits) {
+    if (CheckTiff16(source) != ReadResult::accepted) return {};
+    const TiffInfo& info = source.tiff.info;
+    PixelReader pixels(*source.file, info, Layout16(info));
     if (data_copy.empty())
-        return {true, true, WriteDisplay(*found.file, pixels, Layout16(info), info, display_copy), 0};
+        return {true, true, WriteDisplay(*source.file, pixels, Layout16(info), info, display_copy), 0};
     DeleteQuietly(data_copy);
     std::optional<AtomicFile> out = AtomicFile::Create(data_copy);
     if (!out) return {.accepted = true};

@@ -12,6 +12,8 @@
 
 namespace pixora {
 
+struct FileType;
+
 /// The bit depth by which a TIFF is treated: the single value of a grey file (photometric 1), channel 1 of an
 /// RGB file (2), 8 for every other kind.
 [[nodiscard]] std::uint32_t DetectedBits(const TiffInfo& info);
@@ -26,13 +28,12 @@ namespace pixora {
 /// Writes both copies of an uncompressed grey or RGB file in one pass over it: the display copy, a 24-bit BMP
 /// of the upper eight bits of every sample, and the byte copy, the whole source as it is. What a short file
 /// does not hold is black; one without any pixel data is invalid. No byte copy is made under an empty path.
-[[nodiscard]] ReadResult ConvertTiff(const std::filesystem::path& source,
-                                     const std::filesystem::path& display_copy,
+[[nodiscard]] ReadResult ConvertTiff(FileType& source, const std::filesystem::path& display_copy,
                                      const std::filesystem::path& byte_copy);
 
 /// Accepts and refuses the same files, and gives their samples to `sink`; with none, no pixel is read.
 /// @return `write_failed` when the sink ended the reading.
-[[nodiscard]] ReadResult ReadTiffSamples(const std::filesystem::path& source, SampleSink* sink);
+[[nodiscard]] ReadResult ReadTiffSamples(FileType& source, SampleSink* sink);
 
 struct Tiff16Conversion {
     bool accepted = false;         ///< the source is such a file and has pixel data
@@ -48,8 +49,7 @@ struct Tiff16Conversion {
 /// @param data_copy  empty when none is wanted; it then counts as written, with no valid bits found.
 /// @return data_written false when the file is not such a file, is damaged or has no pixel data at all, or
 /// when the copy could not be written.
-[[nodiscard]] Tiff16Conversion ConvertTiff16(const std::filesystem::path& source,
-                                             const std::filesystem::path& display_copy,
+[[nodiscard]] Tiff16Conversion ConvertTiff16(FileType& source, const std::filesystem::path& display_copy,
                                              const std::filesystem::path& data_copy, int valid_bits);
 
 struct Tiff16Reading {
@@ -60,7 +60,6 @@ struct Tiff16Reading {
 
 /// Accepts the same files and gives the samples of the data copy to `sink` without writing one. With no sink
 /// the pixels are read only as far as finding the valid bits needs them.
-[[nodiscard]] Tiff16Reading ReadTiff16Samples(const std::filesystem::path& source, int valid_bits,
-                                              SampleSink* sink);
+[[nodiscard]] Tiff16Reading ReadTiff16Samples(FileType& source, int valid_bits, SampleSink* sink);
 
 }  // namespace pixora

@@ -8,8 +8,6 @@
 namespace pixora {
 namespace {
 
-namespace fs = std::filesystem;
-
 // A pass over a 16-bit file that gives the scaled samples to `sink`. It ends as soon as the guess of the
 // valid bits proves wrong.
 class ScaledPass {
@@ -72,13 +70,13 @@ Tiff16Reading ReadStored16(SampleSink& sink, PixelLayout layout, PixelReader& pi
 
 }  // namespace
 
-ReadResult ReadTiffSamples(const fs::path& source, SampleSink* sink) {
-    TiffSource found = OpenTiff(source);
-    if (found.result != ReadResult::accepted || !sink) return found.result;
-    const TiffInfo& info = found.header.info;
+ReadResult ReadTiffSamples(FileType& source, SampleSink* sink) {
+    const ReadResult result = CheckTiff(source);
+    if (result != ReadResult::accepted || !sink) return result;
+    const TiffInfo& info = source.tiff.info;
     const PixelLayout layout = *LayoutOf(info);
     if (!sink->Begin(info.width, info.height, RowOrder::top_down)) return ReadResult::write_failed;
-    PixelReader pixels(*found.file, info, layout);
+    PixelReader pixels(*source.file, info, layout);
     SampleFeed feed(*sink);
     const bool taken = pixels.ForEachStored([&](std::span<const std::byte> bytes) {
         return feed.Give({layout, bytes});
@@ -86,12 +84,12 @@ ReadResult ReadTiffSamples(const fs::path& source, SampleSink* sink) {
     return taken ? ReadResult::accepted : ReadResult::write_failed;
 }
 
-Tiff16Reading ReadTiff16Samples(const fs::path& source, int valid_bits, SampleSink* sink) {
-    TiffSource found = OpenTiff16(source);
-    if (found.result != ReadResult::accepted) return {.result = found.result};
-    const TiffInfo& info = found.header.info;
+Tiff16Reading ReadTiff16Samples(FileType& source, int valid_bits, SampleSink* sink) {
+    const ReadResult result = CheckTiff16(source);
+    if (result != ReadResult::accepted) return {.result = result};
+    const TiffInfo& info = source.tiff.info;
     const PixelLayout layout = Layout16(info);
-    PixelReader pixels(*found.file, info, layout);
+    PixelReader pixels(*source.file, info, layout);
     BitsGuess guess(valid_bits);
     if (!sink) return {.valid_bits = FindBits(guess, pixels)};
     do {

@@ -6,8 +6,6 @@
 namespace pixora {
 namespace {
 
-namespace fs = std::filesystem;
-
 bool SizeIsKept(const TiffInfo& info) {
     return info.width <= kMaxImageSide && info.height <= kMaxImageSide;
 }
@@ -30,29 +28,21 @@ bool IsPlain16(const TiffHeader& header) {
            SizeIsKept(info) && (info.SingleBits() == 16 || info.ChannelBits() == 16);
 }
 
-bool HasPixelData(File& file, const TiffInfo& info) {
-    return info.first_strip_offset < file.Size();
+bool HasPixelData(const FileType& source) {
+    return source.tiff.info.first_strip_offset < source.file->Size();
 }
 
 }  // namespace
 
-TiffSource OpenTiff(const fs::path& path) {
-    TiffSource found{.file = File::OpenForReading(path), .header = {}};
-    if (!found.file) return found;
-    found.header = ReadTiffHeader(*found.file);
-    found.result = CheckHeader(found.header);
-    if (found.result == ReadResult::accepted && !HasPixelData(*found.file, found.header.info))
-        found.result = ReadResult::invalid;
-    return found;
+ReadResult CheckTiff(const FileType& source) {
+    if (!source.file) return ReadResult::not_supported;
+    const ReadResult result = CheckHeader(source.tiff);
+    return result == ReadResult::accepted && !HasPixelData(source) ? ReadResult::invalid : result;
 }
 
-TiffSource OpenTiff16(const fs::path& path) {
-    TiffSource found{.result = ReadResult::invalid, .file = File::OpenForReading(path), .header = {}};
-    if (!found.file) return found;
-    found.header = ReadTiffHeader(*found.file);
-    if (IsPlain16(found.header) && HasPixelData(*found.file, found.header.info))
-        found.result = ReadResult::accepted;
-    return found;
+ReadResult CheckTiff16(const FileType& source) {
+    const bool read = source.file && IsPlain16(source.tiff) && HasPixelData(source);
+    return read ? ReadResult::accepted : ReadResult::invalid;
 }
 
 PixelLayout Layout16(const TiffInfo& info) {

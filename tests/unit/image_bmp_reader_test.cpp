@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 #include "base/file.h"
+#include "image/file_type.h"
 #include "tests/unit/support/image_bytes.h"
 #include "tests/unit/support/scratch_folder.h"
 
@@ -10,6 +11,11 @@ using namespace pixora;
 using namespace pixora::test;
 
 namespace {
+
+BmpConversion ConvertBmpAt(const std::filesystem::path& source, const std::filesystem::path& display_copy) {
+    FileType file = DetectFileType(source);
+    return ConvertBmp(file, display_copy);
+}
 
 struct Converted {
     BmpConversion conversion;
@@ -21,7 +27,7 @@ struct Converted {
 
 Converted Convert(const std::string& bytes) {
     const ScratchFolder folder;
-    const BmpConversion conversion = ConvertBmp(folder.Write("source.bmp", bytes), folder / "copy.bmp");
+    const BmpConversion conversion = ConvertBmpAt(folder.Write("source.bmp", bytes), folder / "copy.bmp");
     return {conversion, folder.Read("copy.bmp")};
 }
 
@@ -135,7 +141,7 @@ TEST_CASE("a file without one byte of pixel data is invalid, one byte is enough"
 
 TEST_CASE("a source that cannot be opened is accepted without a copy") {
     const ScratchFolder folder;
-    CHECK(ConvertBmp(folder / "missing.bmp", folder / "copy.bmp").result == ReadResult::accepted);
+    CHECK(ConvertBmpAt(folder / "missing.bmp", folder / "copy.bmp").result == ReadResult::accepted);
     CHECK(folder.Names().empty());
 }
 
@@ -268,7 +274,7 @@ TEST_CASE("a copy that cannot be written is told apart and leaves nothing") {
     std::filesystem::create_directory(folder / "copy.bmp");
     for (const std::uint16_t bits : {std::uint16_t{24}, std::uint16_t{32}}) {
         const auto source = folder.Write("a.bmp", BmpFile{.bits = bits, .pixels = "abcd"}.Make());
-        CHECK(ConvertBmp(source, folder / "copy.bmp").result == ReadResult::write_failed);
+        CHECK(ConvertBmpAt(source, folder / "copy.bmp").result == ReadResult::write_failed);
     }
     CHECK(folder.Names() == "a.bmp copy.bmp");
 }
@@ -278,7 +284,7 @@ TEST_CASE("a write-protected copy of an earlier image is replaced") {
     const auto source = folder.Write("a.bmp", BmpFile{.pixels = "abc"}.Make());
     std::filesystem::permissions(source, std::filesystem::perms::owner_read);
     std::filesystem::permissions(folder.Write("copy.bmp", "old"), std::filesystem::perms::owner_read);
-    CHECK(ConvertBmp(source, folder / "copy.bmp").result == ReadResult::accepted);
+    CHECK(ConvertBmpAt(source, folder / "copy.bmp").result == ReadResult::accepted);
     CHECK(folder.Read("copy.bmp") == folder.Read("a.bmp"));
     const auto permissions = std::filesystem::status(folder / "copy.bmp").permissions();
     CHECK((permissions & std::filesystem::perms::owner_write) != std::filesystem::perms::none);
@@ -302,7 +308,7 @@ TEST_CASE("the padding of a large copy is zero in every row") {
                                    .before_data = std::string(1024, '\xFF'),
                                    .pixels = white.substr(missing)};
                 const auto source = folder.Write("a.bmp", file.Make());
-                REQUIRE(ConvertBmp(source, folder / "copy.bmp").result == ReadResult::accepted);
+                REQUIRE(ConvertBmpAt(source, folder / "copy.bmp").result == ReadResult::accepted);
                 const std::string copy = folder.Read("copy.bmp");
                 REQUIRE(copy.size() == 54 + kStride * kHeight);
                 int rows = 0;

@@ -219,7 +219,7 @@ TEST_CASE("a file is told by its first bytes") {
     CHECK(Type(Bytes({'I', 'M', 42, 0, 8, 0, 0, 0})).kind == ImageFileKind::unknown);
     for (const char* bytes : {"", "B", "M", "PNG....", "bm"}) {
         CAPTURE(bytes);
-        CHECK(Type(bytes).opened);
+        CHECK(Type(bytes).file.has_value());
         CHECK_FALSE(Type(bytes).Known());
     }
     CHECK(static_cast<int>(ImageFileKind::unknown) == 9);
@@ -227,8 +227,8 @@ TEST_CASE("a file is told by its first bytes") {
 
 TEST_CASE("a file that cannot be opened, or a folder, is told apart from an unknown one") {
     const ScratchFolder folder;
-    CHECK_FALSE(DetectFileType(folder / "missing").opened);
-    CHECK_FALSE(DetectFileType(folder.Path()).opened);
+    CHECK_FALSE(DetectFileType(folder / "missing").file.has_value());
+    CHECK_FALSE(DetectFileType(folder.Path()).file.has_value());
 }
 
 TEST_CASE("the depth of a TIFF follows its photometric interpretation") {

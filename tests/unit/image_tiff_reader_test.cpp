@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "image/file_type.h"
 #include "tests/unit/support/image_bytes.h"
 #include "tests/unit/support/scratch_folder.h"
 
@@ -11,6 +12,19 @@ using namespace pixora;
 using namespace pixora::test;
 
 namespace {
+
+ReadResult ConvertTiffAt(const std::filesystem::path& source, const std::filesystem::path& display_copy,
+                         const std::filesystem::path& byte_copy) {
+    FileType file = DetectFileType(source);
+    return ConvertTiff(file, display_copy, byte_copy);
+}
+
+Tiff16Conversion ConvertTiff16At(const std::filesystem::path& source,
+                                 const std::filesystem::path& display_copy,
+                                 const std::filesystem::path& data_copy, int valid_bits) {
+    FileType file = DetectFileType(source);
+    return ConvertTiff16(file, display_copy, data_copy, valid_bits);
+}
 
 struct Copies {
     ReadResult result;
@@ -21,7 +35,7 @@ struct Copies {
 Copies Convert(const std::string& bytes) {
     const ScratchFolder folder;
     const auto source = folder.Write("a.tif", bytes);
-    const ReadResult result = ConvertTiff(source, folder / "display.bmp", folder / "copy.tiff");
+    const ReadResult result = ConvertTiffAt(source, folder / "display.bmp", folder / "copy.tiff");
     return {result, folder.Read("display.bmp"), folder.Read("copy.tiff")};
 }
 
@@ -35,7 +49,7 @@ Copies16 Convert16(const std::string& bytes, int valid_bits) {
     const ScratchFolder folder;
     const auto source = folder.Write("a.tif", bytes);
     const Tiff16Conversion conversion =
-        ConvertTiff16(source, folder / "display.bmp", folder / "data.bin", valid_bits);
+        ConvertTiff16At(source, folder / "display.bmp", folder / "data.bin", valid_bits);
     return {conversion, folder.Read("display.bmp"), folder.Read("data.bin")};
 }
 
@@ -160,9 +174,9 @@ TEST_CASE("a compression of 0 is no compression") {
 
 TEST_CASE("a source that cannot be opened is not supported") {
     const ScratchFolder folder;
-    CHECK(ConvertTiff(folder / "missing.tif", folder / "a.bmp", folder / "a.tiff") ==
+    CHECK(ConvertTiffAt(folder / "missing.tif", folder / "a.bmp", folder / "a.tiff") ==
           ReadResult::not_supported);
-    CHECK_FALSE(ConvertTiff16(folder / "missing.tif", folder / "a.bmp", folder / "a.bin", 16).data_written);
+    CHECK_FALSE(ConvertTiff16At(folder / "missing.tif", folder / "a.bmp", folder / "a.bin", 16).data_written);
     CHECK(folder.Names().empty());
 }
 
@@ -312,11 +326,11 @@ TEST_CASE("copies that cannot be written leave nothing half-written") {
     std::filesystem::create_directory(folder / "taken");
     const auto grey = folder.Write("a.tif", TiffFile{.pixels = "x"}.Make());
     const auto grey16 = folder.Write("b.tif", TiffFile{.bits = 16, .pixels = "xx"}.Make());
-    CHECK(ConvertTiff(grey, folder / "taken", folder / "a.tiff") == ReadResult::write_failed);
-    CHECK(ConvertTiff(grey, folder / "a.bmp", folder / "taken") == ReadResult::write_failed);
-    CHECK_FALSE(ConvertTiff16(grey16, folder / "a.bmp", folder / "taken", 16).data_written);
+    CHECK(ConvertTiffAt(grey, folder / "taken", folder / "a.tiff") == ReadResult::write_failed);
+    CHECK(ConvertTiffAt(grey, folder / "a.bmp", folder / "taken") == ReadResult::write_failed);
+    CHECK_FALSE(ConvertTiff16At(grey16, folder / "a.bmp", folder / "taken", 16).data_written);
     CHECK(folder.Names() == "a.tif b.tif taken");
-    const Tiff16Conversion no_display = ConvertTiff16(grey16, folder / "taken", folder / "a.bin", 16);
+    const Tiff16Conversion no_display = ConvertTiff16At(grey16, folder / "taken", folder / "a.bin", 16);
     CHECK(no_display.data_written);
     CHECK_FALSE(no_display.display_written);
 }
