@@ -88,8 +88,10 @@ def ours(programs, large, work, rounds):
             convert += ["--data", copies[1]]
         processor_ms(convert)
         copying = [word for copy in copies for word in (copy + ".plain", str(os.path.getsize(copy)))]
-        found = race({"read": [plain, file], "copy": [plain, "-copy", file, *copying], "convert": convert,
-                      "stats": [cli, "stats", file], "histogram": [cli, "histogram", file, "--out", csv]}, rounds)
+        # Apart from each other: copies push everything else out of the caches.
+        found = race({"read": [plain, file], "stats": [cli, "stats", file],
+                      "histogram": [cli, "histogram", file, "--out", csv]}, rounds)  # fmt: skip
+        found |= race({"copy": [plain, "-copy", file, *copying], "convert": convert}, rounds)
         read = found["read"]
         rows.append([name, f"{os.path.getsize(file) / 1e6:.0f} MB", f"{read:.1f} ms", against(found["stats"], read),
                      against(found["histogram"], read), f"{found['copy']:.1f} ms",
