@@ -1,6 +1,7 @@
 #include "image/bmp_reader.h"
 
 #include <array>
+#include <vector>
 
 #include "base/bytes.h"
 #include "image/bmp_layout.h"
@@ -64,11 +65,25 @@ public:
         });
         return true;
     }
+    // Indices are looked up where the pixels go.
+    [[nodiscard]] bool TakesStored() const override { return true; }
+    bool TakeStored(const StoredPixels& pixels) override {
+        if (!pixels.palette)
+            return ForEachDecoded(pixels, samples_, [&](std::span<const std::uint16_t> samples) {
+                return Take(samples, pixels.Channels());
+            });
+        picture_.Append(pixels.Pixels(), [&](std::size_t first, std::span<std::byte> run) {
+            LookUp(*pixels.palette, pixels.bytes.subspan(first, run.size() / 3), run);
+        });
+        colour_ = colour_ || HasColour(pixels);
+        return true;
+    }
     [[nodiscard]] bool Colour() const { return colour_; }
     [[nodiscard]] bool Commit() { return picture_.Commit(); }
 
 private:
     PictureWriter picture_;
+    std::vector<std::uint16_t> samples_;
     bool colour_ = false;
 };
 

@@ -13,15 +13,19 @@ void LookUpGrey(std::span<const std::byte> indices, const Palette& palette, std:
     for (const std::byte index : indices) *samples++ = palette.colours[Index(index)][0];
 }
 
-void LookUpColours(std::span<const std::byte> indices, const Palette& palette, std::uint16_t* samples) {
-    constexpr std::size_t kTriple = 3 * sizeof(std::uint16_t), kQuad = 4 * sizeof(std::uint16_t);
+// Puts the first three samples of each colour.
+template <typename Sample>
+void LookUpIn(const std::array<std::array<Sample, 4>, 256>& colours, std::span<const std::byte> indices,
+              void* samples) {
+    constexpr std::size_t kTriple = 3 * sizeof(Sample), kQuad = 4 * sizeof(Sample);
     if (indices.empty()) return;
+    auto* at = static_cast<std::byte*>(samples);
     // The fourth sample of a colour is overwritten by the next pixel.
     for (const std::byte index : indices.first(indices.size() - 1)) {
-        std::memcpy(samples, palette.colours[Index(index)].data(), kQuad);
-        samples += 3;
+        std::memcpy(at, colours[Index(index)].data(), kQuad);
+        at += kTriple;
     }
-    std::memcpy(samples, palette.colours[Index(indices.back())].data(), kTriple);
+    std::memcpy(at, colours[Index(indices.back())].data(), kTriple);
 }
 
 // Looked at in pieces, so that the loop over a piece has no way out.
@@ -43,6 +47,7 @@ bool QuadsHaveColour(std::span<const std::byte> quads) {
 
 void Palette::Set(std::size_t index, std::uint8_t blue, std::uint8_t green, std::uint8_t red) {
     colours[index] = {blue, green, red, 0};
+    bytes[index] = {blue, green, red, 0};
     levels[0][index] = blue;
     levels[1][index] = green;
     levels[2][index] = red;
@@ -53,13 +58,17 @@ void Palette::Set(std::size_t index, std::uint8_t blue, std::uint8_t green, std:
 
 void DecodeStored(const StoredPixels& pixels, std::span<std::uint16_t> samples) {
     if (pixels.palette) {
-        const auto look_up = pixels.palette->grey ? LookUpGrey : LookUpColours;
-        return look_up(pixels.bytes, *pixels.palette, samples.data());
+        if (pixels.palette->grey) return LookUpGrey(pixels.bytes, *pixels.palette, samples.data());
+        return LookUpIn(pixels.palette->colours, pixels.bytes, samples.data());
     }
     if (!StoresWords(pixels.layout)) return DecodePixels(pixels.layout, pixels.bytes, samples);
     if (pixels.bytes.empty()) return;
     std::memcpy(samples.data(), pixels.bytes.data(), pixels.bytes.size());
     DecodeWords(pixels.layout, samples);
+}
+
+void LookUp(const Palette& palette, std::span<const std::byte> indices, std::span<std::byte> triples) {
+    LookUpIn(palette.bytes, indices, triples.data());
 }
 
 bool HasColour(const StoredPixels& pixels) {

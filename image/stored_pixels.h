@@ -17,6 +17,8 @@ namespace pixora {
 struct Palette {
     /// Blue, green and red, and a zero.
     std::array<std::array<std::uint16_t, 4>, 256> colours{};
+    /// The same in bytes.
+    std::array<std::array<std::uint8_t, 4>, 256> bytes{};
     /// The same by channel, without the zeros.
     std::array<std::array<std::uint8_t, 256>, 3> levels{};
     ByteSet coloured;   ///< the bytes that stand for colours whose channels differ
@@ -52,6 +54,10 @@ struct StoredPixels {
 /// Decodes pixels.
 /// @param samples  Channels() for each pixel, colour as blue, green, red; without any scaling.
 void DecodeStored(const StoredPixels& pixels, std::span<std::uint16_t> samples);
+
+/// Looks up the colours of indices.
+/// @param triples  three bytes for each index: blue, green, red.
+void LookUp(const Palette& palette, std::span<const std::byte> indices, std::span<std::byte> triples);
 
 /// Calls `take(samples)` with the decoded pixels in pieces that stay in the processor's nearest cache; it
 /// says whether to go on. @param memory  for the samples; kept for the next time. @return false when `take`
