@@ -24,22 +24,18 @@ constexpr Permutation BytesByChannel(std::size_t pixel_bytes) {
 constexpr Permutation kTriplesByChannel = BytesByChannel(3), kQuadsByChannel = BytesByChannel(4);
 
 // Two samples of twelve bits in three bytes: for each word of a register the two bytes that its sample has a
-// part in, lower bits first; and how many bits too many stand below it then. Those above it are cut off
-// afterwards.
-struct Packing {
+// part in, lower bits first.
+constexpr Permutation kPacked12 = [] {
     Permutation from{};
-    std::array<std::uint16_t, kRegisterBytes / 2> shifts{};
-};
-constexpr Packing kPacked12 = [] {
-    Packing packing;
-    for (std::size_t word = 0; word < packing.shifts.size(); ++word) {
+    for (std::size_t word = 0; word < from.size() / 2; ++word) {
         const std::size_t first = word / 2 * 3 + word % 2;
-        packing.from[2 * word] = static_cast<std::uint8_t>(first + 1);
-        packing.from[2 * word + 1] = static_cast<std::uint8_t>(first);
-        packing.shifts[word] = word % 2 == 0 ? 4 : 0;
+        from[2 * word] = static_cast<std::uint8_t>(first + 1);
+        from[2 * word + 1] = static_cast<std::uint8_t>(first);
     }
-    return packing;
+    return from;
 }();
+// How many bits too many stand below the sample then. Those above it are cut off afterwards.
+constexpr std::array<std::uint16_t, 2> kShifts12{4, 0};
 
 // Every third word of a register, from the first, second or third one on.
 constexpr std::array<__mmask32, 3> kThirds{0x49249249, 0x92492492, 0x24924924};
@@ -53,32 +49,24 @@ struct AsStored {
     PIXORA_AVX512 inline __m512i operator()(const std::byte* at) const { return Load(at); }
 };
 
-struct Quads {
-    static constexpr std::size_t kStep = kRegisterBytes;
+template <std::size_t kBytes, const Permutation& kFrom>
+struct Permuted {
+    static constexpr std::size_t kStep = kBytes;
     __m512i from;
-    PIXORA_AVX512 inline Quads() : from(Load(kQuadsByChannel.data())) {}
+    PIXORA_AVX512 inline Permuted() : from(Load(kFrom.data())) {}
     PIXORA_AVX512 inline __m512i operator()(const std::byte* at) const {
         return _mm512_permutexvar_epi8(from, Load(at));
     }
 };
-
-struct Triples {
-    static constexpr std::size_t kStep = kShortBytes;
-    __m512i from;
-    PIXORA_AVX512 inline Triples() : from(Load(kTriplesByChannel.data())) {}
-    PIXORA_AVX512 inline __m512i operator()(const std::byte* at) const {
-        return _mm512_permutexvar_epi8(from, Load(at));
-    }
-};
+using Triples = Permuted<kShortBytes, kTriplesByChannel>;
+using Quads = Permuted<kRegisterBytes, kQuadsByChannel>;
 
 struct Packed12 {
     static constexpr std::size_t kStep = kShortBytes;
-    __m512i from, shifts;
-    PIXORA_AVX512 inline Packed12()
-        : from(Load(kPacked12.from.data())), shifts(Load(kPacked12.shifts.data())) {}
+    Permuted<kStep, kPacked12> words;
     PIXORA_AVX512 inline __m512i operator()(const std::byte* at) const {
-        const __m512i words = _mm512_permutexvar_epi8(from, Load(at));
-        return _mm512_and_si512(_mm512_srlv_epi16(words, shifts), _mm512_set1_epi16(0xFFF));
+        const __m512i shifts = _mm512_set1_epi32(kShifts12[0] | kShifts12[1] << 16);
+        return _mm512_and_si512(_mm512_srlv_epi16(words(at), shifts), _mm512_set1_epi16(0xFFF));
     }
 };
 

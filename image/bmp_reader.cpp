@@ -51,38 +51,36 @@ BmpConversion Copy24(File& source, const BmpHeader& header, const fs::path& disp
     return conversion;
 }
 
-// Takes the pixels of 8- and 32-bit sources for their display copy.
-class PictureSink final : public SampleSink {
+// The display copy of an 8- or 32-bit source while it is being made.
+class Picture {
 public:
-    explicit PictureSink(PictureWriter picture) : picture_(std::move(picture)) {}
+    explicit Picture(PictureWriter writer) : writer_(std::move(writer)) {}
 
-    bool Begin(std::uint32_t, std::uint32_t, RowOrder) override { return true; }
-    bool Take(std::span<const std::uint16_t> samples, std::size_t channels) override {
-        picture_.Append(samples.size() / channels, [&](std::size_t first, std::span<std::byte> run) {
-            if (channels == 1) return NarrowGrey(samples.subspan(first, run.size() / 3), 0, run);
-            NarrowSamples(samples.subspan(3 * first, run.size()), 0, run);
-            colour_ = colour_ || HasColour(run);
-        });
-        return true;
-    }
-    // Indices are looked up where the pixels go.
-    [[nodiscard]] bool TakesStored() const override { return true; }
-    bool TakeStored(const StoredPixels& pixels) override {
-        if (!pixels.palette)
-            return ForEachDecoded(pixels, samples_, [&](std::span<const std::uint16_t> samples) {
-                return Take(samples, pixels.Channels());
-            });
-        picture_.Append(pixels.Pixels(), [&](std::size_t first, std::span<std::byte> run) {
-            LookUp(*pixels.palette, pixels.bytes.subspan(first, run.size() / 3), run);
-        });
+    void Add(const StoredPixels& pixels) {
         colour_ = colour_ || HasColour(pixels);
-        return true;
+        if (pixels.palette) return AddLookedUp(pixels);
+        static_cast<void>(ForEachDecoded(pixels, samples_, [&](std::span<const std::uint16_t> samples) {
+            AddDecoded(samples, pixels.Channels());
+            return true;
+        }));
     }
     [[nodiscard]] bool Colour() const { return colour_; }
-    [[nodiscard]] bool Commit() { return picture_.Commit(); }
+    [[nodiscard]] bool Commit() { return writer_.Commit(); }
 
 private:
-    PictureWriter picture_;
+    void AddLookedUp(const StoredPixels& pixels) {
+        writer_.Append(pixels.Pixels(), [&](std::size_t first, std::span<std::byte> run) {
+            LookUp(*pixels.palette, pixels.bytes.subspan(first, run.size() / 3), run);
+        });
+    }
+    void AddDecoded(std::span<const std::uint16_t> samples, std::size_t channels) {
+        writer_.Append(samples.size() / channels, [&](std::size_t first, std::span<std::byte> run) {
+            if (channels == 1) return NarrowGrey(samples.subspan(first, run.size() / 3), 0, run);
+            NarrowSamples(samples.subspan(3 * first, run.size()), 0, run);
+        });
+    }
+
+    PictureWriter writer_;
     std::vector<std::uint16_t> samples_;
     bool colour_ = false;
 };
@@ -93,14 +91,16 @@ RowOrder OrderOf(const BmpHeader& header) {
 
 BmpConversion ConvertPixels(File& source, const BmpHeader& header, const fs::path& display_copy) {
     BmpConversion conversion{.result = ReadResult::write_failed, .bit_count = header.bit_count};
-    std::optional<PictureWriter> picture =
+    std::optional<PictureWriter> writer =
         PictureWriter::Create(display_copy, header.width, header.height, OrderOf(header));
-    if (!picture) return conversion;
-    PictureSink sink(*std::move(picture));
-    SampleFeed feed(sink);
-    ForEachStored(source, header, [&](const StoredPixels& pixels) { return feed.Give(pixels); });
-    conversion.colour = sink.Colour();
-    if (sink.Commit()) conversion.result = ReadResult::accepted;
+    if (!writer) return conversion;
+    Picture picture(*std::move(writer));
+    ForEachStored(source, header, [&](const StoredPixels& pixels) {
+        picture.Add(pixels);
+        return true;
+    });
+    conversion.colour = picture.Colour();
+    if (picture.Commit()) conversion.result = ReadResult::accepted;
     return conversion;
 }
 

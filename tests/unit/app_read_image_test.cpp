@@ -62,12 +62,7 @@ TEST_CASE("reading an image gives the record and the samples that an import keep
         for (const wchar_t* auto_bit : {L"ON", L"OFF"}) {
             CAPTURE(bytes.size());
             const auto path = folder.Write("a.img", bytes);
-            const ImportResult imported = ImportImage({.source = path,
-                                                       .data_folder = folder.Path(),
-                                                       .display_size = L"1.00",
-                                                       .valid_bits = L"12",
-                                                       .auto_bit = auto_bit,
-                                                       .before_long_import = {}});
+            const ImportResult imported = ImportInto(folder, path, auto_bit);
             Collector sink;
             const ImportResult read = ReadImage({path, L"12", auto_bit}, &sink);
             const ImportResult facts = ReadImage({path, L"12", auto_bit}, nullptr);

@@ -82,12 +82,7 @@ TEST_CASE("figures taken while a file is read are those of its samples in a view
         for (const wchar_t* auto_bit : {L"ON", L"OFF"}) {
             CAPTURE(bytes.size());
             const auto path = folder.Write("a.img", bytes);
-            const ImportResult imported = ImportImage({.source = path,
-                                                       .data_folder = folder.Path(),
-                                                       .display_size = L"1.00",
-                                                       .valid_bits = L"12",
-                                                       .auto_bit = auto_bit,
-                                                       .before_long_import = {}});
+            const ImportResult imported = ImportInto(folder, path, auto_bit);
             if (!imported.image) continue;
             const int right = imported.image->width - 1, bottom = imported.image->height - 1;
             const Region regions[] = {

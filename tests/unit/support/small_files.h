@@ -1,11 +1,14 @@
-// Small image files of every kind.
+// Small image files of every kind, and importing them.
 #pragma once
 
+#include <filesystem>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "app/import.h"
 #include "tests/unit/support/image_bytes.h"
+#include "tests/unit/support/scratch_folder.h"
 
 namespace pixora::test {
 
@@ -50,6 +53,17 @@ inline std::vector<std::string> SmallFiles() {
     const std::size_t whole = files.size();
     for (std::size_t i = 0; i < whole; ++i) files.push_back(files[i].substr(0, files[i].size() - 17));
     return files;
+}
+
+/// Imports a file, its copies into the folder; 12 valid bits unless they are to be found.
+inline ImportResult ImportInto(const ScratchFolder& folder, const std::filesystem::path& path,
+                               const wchar_t* auto_bit) {
+    return ImportImage({.source = path,
+                        .data_folder = folder.Path(),
+                        .display_size = L"1.00",
+                        .valid_bits = L"12",
+                        .auto_bit = auto_bit,
+                        .before_long_import = {}});
 }
 
 }  // namespace pixora::test
